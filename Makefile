@@ -1,0 +1,54 @@
+# Korvane: make run | make test | make bench | make shots | make sanitize
+BUILD ?= build
+JOBS ?= $(shell nproc)
+
+# Everything the build, the program and the tests need, from Debian's packages.
+PACKAGES := cmake make g++ pkg-config \
+	qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev \
+	libsqlcipher-dev sqlcipher libssl-dev \
+	libgtest-dev libgmock-dev libbenchmark-dev \
+	xvfb xauth fonts-dejavu-core xdg-utils shared-mime-info desktop-file-utils
+
+.PHONY: all deps build run test bench shots sanitize clean
+
+all: build
+
+# Installs only what is missing; the package lists are refreshed only then.
+deps:
+	@missing=""; for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'install ok installed' || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  if [ "$$(id -u)" -eq 0 ]; then SUDO=""; else SUDO="sudo"; fi; \
+	  echo "Installing:$$missing"; \
+	  $$SUDO apt-get update -qq && \
+	  DEBIAN_FRONTEND=noninteractive $$SUDO apt-get install -y -qq --no-install-recommends $$missing; \
+	fi
+
+$(BUILD)/CMakeCache.txt:
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+
+build: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j$(JOBS)
+
+run: build
+	$(BUILD)/bin/korvane
+
+test: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j$(JOBS)
+
+bench: build
+	@for b in $(BUILD)/bin/bench_*; do echo "== $$b"; $$b; done
+
+shots: build
+	QT_QPA_PLATFORM=offscreen $(BUILD)/bin/korvane_shots $(BUILD)/shots
+	@ls $(BUILD)/shots
+
+sanitize: deps
+	cmake -S . -B $(BUILD)-asan -DCMAKE_BUILD_TYPE=Debug -DKORVANE_SANITIZE=ON -DKORVANE_BENCH=OFF
+	cmake --build $(BUILD)-asan -j$(JOBS)
+	cd $(BUILD)-asan && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ctest --output-on-failure -j$(JOBS)
+
+clean:
+	rm -rf $(BUILD) $(BUILD)-asan

@@ -1,0 +1,50 @@
+#include "Navigation.h"
+
+#include "store/FrmLogin.h"
+#include "workspace/frmMain.h"
+
+#include <QPointer>
+
+namespace Navigation {
+
+namespace {
+QPointer<FrmLogin> login;
+QPointer<frmMain> principale;
+
+void fermer(QWidget *w) {
+    if (!w) return;
+    w->hide();
+    w->deleteLater();
+}
+}  // namespace
+
+FrmLogin *fenetreLogin() { return login; }
+frmMain *fenetrePrincipale() { return principale; }
+
+void afficherPrincipale() {
+    fermer(login);
+    login = nullptr;
+    fermer(principale);
+    principale = new frmMain;
+    principale->show();
+}
+
+void afficherLogin() {
+    fermer(principale);
+    principale = nullptr;
+    fermer(login);
+    login = new FrmLogin;
+    QObject::connect(login, &FrmLogin::reussite, login, [] { afficherPrincipale(); });
+    QObject::connect(login, &FrmLogin::retour, login, [] { afficherPrincipale(); });
+    login->charger();
+    if (login && !login->connexionReussie()) login->show();
+}
+
+void fermerTout() {
+    fermer(login);
+    fermer(principale);
+    login = nullptr;
+    principale = nullptr;
+}
+
+}  // namespace Navigation

@@ -1,0 +1,36 @@
+#include "app/InstanceUnique.h"
+#include "app/Navigation.h"
+#include "store/Base.h"
+#include "store/Chemins.h"
+#include "ui/Messages.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+int main(int argc, char *argv[]) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Korvane"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    QTranslator traduction;
+    if (traduction.load(QLocale(QLocale::French), QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&traduction);
+
+    // The command line is ignored, the path of an opened .kvx file included.
+    InstanceUnique instance(Chemins::dossierProgramme());
+    if (!instance.acquerir()) {
+        Messages::information(QStringLiteral("Korvane est déjà ouvert."));
+        return 0;
+    }
+    try {
+        Base::preparerBase();
+    } catch (const Base::ErreurBase &e) {
+        Messages::information(e.message());
+        return 1;
+    }
+    Navigation::afficherLogin();
+    return app.exec();
+}

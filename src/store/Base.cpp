@@ -1,0 +1,264 @@
+#include "Base.h"
+
+#include "Chemins.h"
+#include "IconesStock.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QStringList>
+
+#include <openssl/evp.h>
+#include <sqlcipher/sqlite3.h>
+
+namespace Base {
+
+namespace {
+
+constexpr const char *kPhraseCle = "Tarvex";
+// The engine's own derivation for a passphrase: 64,000 rounds of PBKDF2-HMAC-SHA1
+// over the salt that opens the file. Doing it ourselves once per file, then opening
+// with the derived key, spares every later open that cost; the file stays readable
+// with the plain passphrase by any client.
+constexpr int kToursDerivation = 64000;
+constexpr int kTailleSel = 16;
+constexpr int kTailleCle = 32;
+
+struct CleDerivee {
+    QByteArray sel;
+    QByteArray cleHex;  // "x'...'" ready for PRAGMA key
+};
+
+QHash<QString, CleDerivee> &cacheCles() {
+    static QHash<QString, CleDerivee> cache;
+    return cache;
+}
+
+QString nomFichier(const QString &chemin) { return QFileInfo(chemin).fileName(); }
+
+QString cheminEffectif(const QString &chemin) { return chemin.isEmpty() ? Chemins::cheminBase() : chemin; }
+
+// The salt is the first 16 bytes of an existing encrypted file.
+QByteArray lireSel(const QString &chemin) {
+    QFile f(chemin);
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    QByteArray sel = f.read(kTailleSel);
+    return sel.size() == kTailleSel ? sel : QByteArray();
+}
+
+QByteArray deriverCle(const QByteArray &sel) {
+    unsigned char cle[kTailleCle];
+    PKCS5_PBKDF2_HMAC_SHA1(kPhraseCle, int(qstrlen(kPhraseCle)), reinterpret_cast<const unsigned char *>(sel.constData()),
+                           int(sel.size()), kToursDerivation, kTailleCle, cle);
+    return "x'" + QByteArray(reinterpret_cast<const char *>(cle), kTailleCle).toHex() + "'";
+}
+
+// The key statement for this file: the derived raw key when the file already has
+// its salt, the passphrase itself for a file being created.
+QByteArray instructionCle(const QString &chemin) {
+    const QByteArray sel = lireSel(chemin);
+    if (sel.isEmpty()) return QByteArray("PRAGMA key='") + kPhraseCle + "';";
+    auto &cache = cacheCles();
+    auto it = cache.find(chemin);
+    if (it == cache.end() || it->sel != sel) it = cache.insert(chemin, CleDerivee{sel, deriverCle(sel)});
+    return "PRAGMA key=\"" + it->cleHex + "\";";
+}
+
+}  // namespace
+
+ErreurBase::ErreurBase(const QString &message) : std::runtime_error(message.toStdString()), message_(message) {}
+
+void verifier(sqlite3 *db, int code, const QString &chemin) {
+    if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
+    const QString nom = nomFichier(chemin);
+    const QString detail = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QString::fromUtf8(sqlite3_errstr(code));
+    switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw ErreurBase(QStringLiteral("La base %1 est utilisée par un autre programme.\n"
+                                        "Fermez-le, puis recommencez : rien n'a été modifié.").arg(nom));
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        throw ErreurBase(QStringLiteral("La base %1 est en lecture seule : la modification n'a pas été enregistrée.\n"
+                                        "Vérifiez les droits du fichier et de son dossier.").arg(nom));
+    case SQLITE_CANTOPEN:
+        throw ErreurBase(QStringLiteral("Impossible d'ouvrir la base %1.\n"
+                                        "Vérifiez qu'elle existe et que son dossier est accessible.").arg(nom));
+    case SQLITE_NOTADB:
+        throw ErreurBase(QStringLiteral("Le fichier %1 n'est pas une base Korvane, "
+                                        "ou il est protégé par un autre mot de passe.").arg(nom));
+    case SQLITE_FULL:
+        throw ErreurBase(QStringLiteral("Le disque est plein : la modification n'a pas été enregistrée dans %1.").arg(nom));
+    case SQLITE_CORRUPT:
+        throw ErreurBase(QStringLiteral("La base %1 est endommagée.").arg(nom));
+    default:
+        throw ErreurBase(QStringLiteral("Erreur de la base %1 : %2").arg(nom, detail));
+    }
+}
+
+Connexion::Connexion(const QString &chemin, bool creer) : chemin_(cheminEffectif(chemin)) {
+    const QByteArray cheminLocal = QFile::encodeName(chemin_);
+    const int code = sqlite3_open_v2(cheminLocal.constData(), &db_,
+                                     SQLITE_OPEN_READWRITE | (creer ? SQLITE_OPEN_CREATE : 0), nullptr);
+    try {
+        verifier(db_, code, chemin_);
+        sqlite3_busy_timeout(db_, 1500);
+        executer(instructionCle(chemin_).constData());
+        // The first read is where a wrong key or a foreign file shows.
+        executer("SELECT count(*) FROM sqlite_master;");
+    } catch (...) {
+        sqlite3_close_v2(db_);
+        db_ = nullptr;
+        throw;
+    }
+}
+
+Connexion::~Connexion() {
+    if (transaction_) sqlite3_exec(db_, "ROLLBACK;", nullptr, nullptr, nullptr);
+    sqlite3_close_v2(db_);
+}
+
+void Connexion::executer(const char *sql) { verifier(db_, sqlite3_exec(db_, sql, nullptr, nullptr, nullptr), chemin_); }
+
+int Connexion::changements() const { return sqlite3_changes(db_); }
+
+void Connexion::debutTransaction() {
+    executer("BEGIN IMMEDIATE;");
+    transaction_ = true;
+}
+
+void Connexion::valider() {
+    executer("COMMIT;");
+    transaction_ = false;
+}
+
+Requete::Requete(Connexion &connexion, const char *sql) : connexion_(connexion) {
+    verifier(connexion_.db(), sqlite3_prepare_v2(connexion_.db(), sql, -1, &stmt_, nullptr), Chemins::cheminBase());
+}
+
+Requete::~Requete() { sqlite3_finalize(stmt_); }
+
+Requete &Requete::lier(int indice, int valeur) {
+    sqlite3_bind_int(stmt_, indice, valeur);
+    return *this;
+}
+
+Requete &Requete::lier(int indice, const QString &valeur) {
+    const QByteArray u = valeur.toUtf8();
+    sqlite3_bind_text(stmt_, indice, u.constData(), int(u.size()), SQLITE_TRANSIENT);
+    return *this;
+}
+
+Requete &Requete::lierOctets(int indice, const QByteArray &valeur) {
+    sqlite3_bind_blob(stmt_, indice, valeur.constData(), int(valeur.size()), SQLITE_TRANSIENT);
+    return *this;
+}
+
+Requete &Requete::lierNull(int indice) {
+    sqlite3_bind_null(stmt_, indice);
+    return *this;
+}
+
+bool Requete::suivante() {
+    const int code = sqlite3_step(stmt_);
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) return false;
+    verifier(connexion_.db(), code, Chemins::cheminBase());
+    return false;
+}
+
+void Requete::executer() {
+    while (suivante()) {
+    }
+}
+
+bool Requete::estNull(int colonne) const { return sqlite3_column_type(stmt_, colonne) == SQLITE_NULL; }
+
+int Requete::entier(int colonne) const { return sqlite3_column_int(stmt_, colonne); }
+
+QString Requete::texte(int colonne) const {
+    const auto *t = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, colonne));
+    return t ? QString::fromUtf8(t, sqlite3_column_bytes(stmt_, colonne)) : QString();
+}
+
+QByteArray Requete::octets(int colonne) const {
+    const void *b = sqlite3_column_blob(stmt_, colonne);
+    return b ? QByteArray(static_cast<const char *>(b), sqlite3_column_bytes(stmt_, colonne)) : QByteArray();
+}
+
+QStringList dossiersModeles() {
+    return {QStringLiteral("Comptes"),      QStringLiteral("Logiciels"),     QStringLiteral("Favoris"),
+            QStringLiteral("Messagerie"),   QStringLiteral("Réseau"),        QStringLiteral("Sites web")};
+}
+
+namespace {
+
+const char *const kSchema =
+    "CREATE TABLE Compte (NumCompte INTEGER, Login TEXT, Pass TEXT);"
+    "CREATE TABLE Dossiers (NumCompte INTEGER, Num INTEGER, Nom TEXT);"
+    "CREATE TABLE Documents (NumCompte INTEGER, Num INTEGER, NumDossier INTEGER, Titre TEXT, LoginDoc TEXT,"
+    " MotDePasse TEXT, Url TEXT, Fichier TEXT, DateDebut TEXT, DateFin TEXT, Remarques TEXT, Icone INTEGER DEFAULT 0);"
+    "CREATE TABLE Icones (Num INTEGER, ico BLOB, Libelle TEXT);"
+    "CREATE INDEX DossiersCompte ON Dossiers (NumCompte, Num);"
+    "CREATE INDEX DocumentsCompte ON Documents (NumCompte, NumDossier);"
+    "CREATE INDEX DocumentsNum ON Documents (Num);";
+
+void creerBase(const QString &chemin) {
+    // Built under a temporary name and renamed at the end, so that a failure half
+    // way never leaves a base without its templates or icons.
+    const QString provisoire = chemin + QStringLiteral(".creation");
+    QFile::remove(provisoire);
+    try {
+        Connexion c(provisoire, true);
+        c.debutTransaction();
+        c.executer(kSchema);
+        const QStringList modeles = dossiersModeles();
+        for (int i = 0; i < modeles.size(); ++i) {
+            Requete r(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (0, ?, ?)");
+            r.lier(1, i + 1).lier(2, modeles[i]).executer();
+        }
+        const auto icones = IconesStock::icones();
+        for (int i = 0; i < icones.size(); ++i) {
+            Requete r(c, "INSERT INTO Icones (Num, ico, Libelle) VALUES (?, ?, ?)");
+            r.lier(1, i + 1).lierOctets(2, icones[i].octets).lier(3, icones[i].libelle).executer();
+        }
+        c.valider();
+    } catch (...) {
+        QFile::remove(provisoire);
+        throw;
+    }
+    if (!QFile::rename(provisoire, chemin)) {
+        QFile::remove(provisoire);
+        throw ErreurBase(QStringLiteral("Impossible de créer la base %1 : le dossier du programme est-il protégé en écriture ?")
+                             .arg(nomFichier(chemin)));
+    }
+}
+
+}  // namespace
+
+bool estBaseKorvane(const QString &chemin, QString *raison) {
+    try {
+        Connexion c(chemin);
+        Requete r(c, "SELECT count(*) FROM sqlite_master WHERE type='table' AND name IN "
+                     "('Compte','Dossiers','Documents','Icones')");
+        if (r.suivante() && r.entier(0) == 4) return true;
+        if (raison)
+            *raison = QStringLiteral("Le fichier %1 n'est pas une base Korvane.").arg(nomFichier(cheminEffectif(chemin)));
+        return false;
+    } catch (const ErreurBase &e) {
+        if (raison) *raison = e.message();
+        return false;
+    }
+}
+
+void preparerBase(const QString &cheminDemande) {
+    const QString chemin = cheminEffectif(cheminDemande);
+    if (!QFileInfo::exists(chemin)) {
+        creerBase(chemin);
+        return;
+    }
+    QString raison;
+    if (!estBaseKorvane(chemin, &raison)) throw ErreurBase(raison);
+}
+
+}  // namespace Base

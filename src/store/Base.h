@@ -1,0 +1,87 @@
+#pragma once
+// The encrypted base korvane.kvx: connections, statements, schema and creation.
+// No connection stays open between operations; each one opens, works and closes.
+
+#include <QByteArray>
+#include <QString>
+#include <stdexcept>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace Base {
+
+// A failure of the base, with a French message for the user.
+class ErreurBase : public std::runtime_error {
+public:
+    explicit ErreurBase(const QString &message);
+    QString message() const { return message_; }
+
+private:
+    QString message_;
+};
+
+class Connexion {
+public:
+    // Opens the base (korvane.kvx by default) with its key. Throws ErreurBase.
+    // A missing file is an error unless creer is set.
+    explicit Connexion(const QString &chemin = QString(), bool creer = false);
+    ~Connexion();
+    Connexion(const Connexion &) = delete;
+    Connexion &operator=(const Connexion &) = delete;
+
+    sqlite3 *db() const { return db_; }
+    void executer(const char *sql);  // statements without parameters or results
+    int changements() const;         // rows changed by the last statement
+
+    // Everything between debut and valider is written whole or not at all.
+    void debutTransaction();
+    void valider();
+
+private:
+    sqlite3 *db_ = nullptr;
+    QString chemin_;
+    bool transaction_ = false;
+};
+
+// A statement with bound parameters (indexes from 1), stepped row by row.
+class Requete {
+public:
+    Requete(Connexion &connexion, const char *sql);
+    ~Requete();
+    Requete(const Requete &) = delete;
+    Requete &operator=(const Requete &) = delete;
+
+    Requete &lier(int indice, int valeur);
+    Requete &lier(int indice, const QString &valeur);
+    Requete &lierOctets(int indice, const QByteArray &valeur);
+    Requete &lierNull(int indice);
+
+    bool suivante();    // true while there is a row
+    void executer();    // runs to the end
+
+    bool estNull(int colonne) const;
+    int entier(int colonne) const;
+    QString texte(int colonne) const;  // null reads as the empty text
+    QByteArray octets(int colonne) const;
+
+private:
+    Connexion &connexion_;
+    sqlite3_stmt *stmt_ = nullptr;
+};
+
+// Translates an engine result code into ErreurBase; does nothing on success.
+void verifier(sqlite3 *db, int code, const QString &chemin);
+
+// Makes sure the base exists: a missing file is created with its schema, the
+// template folders and the stock icons. An existing file must be a Korvane base
+// opened by our key, or ErreurBase says why; it is never changed here.
+void preparerBase(const QString &chemin = QString());
+
+// True when the file opens with our key and has the four tables.
+bool estBaseKorvane(const QString &chemin, QString *raison = nullptr);
+
+// The template folders a new base receives, under account 0.
+QStringList dossiersModeles();
+
+}  // namespace Base

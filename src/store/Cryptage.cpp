@@ -1,0 +1,210 @@
+#include "Cryptage.h"
+
+#include <cstdint>
+
+namespace Cryptage {
+
+namespace {
+
+const std::array<LigneCode, 94> kTable = {{
+    {u'a', u"p&)"},
+    {u'b', u"rS$"},
+    {u'c', u"7Ya"},
+    {u'd', u"}a?"},
+    {u'e', u"z|d"},
+    {u'f', u"^FM"},
+    {u'g', u"3Td"},
+    {u'h', u"Yn>"},
+    {u'i', u"l>a"},
+    {u'j', u"=oU"},
+    {u'k', u"Cw)"},
+    {u'l', u".[N"},
+    {u'm', u"\\99"},
+    {u'n', u"TC9"},
+    {u'o', u"fj2"},
+    {u'p', u"Xk="},
+    {u'q', u"[,k"},
+    {u'r', u"3{\\"},
+    {u's', u"}QW"},
+    {u't', u"$U="},
+    {u'u', u"Yy6"},
+    {u'v', u"3EW"},
+    {u'w', u".Fs"},
+    {u'x', u"1R9"},
+    {u'y', u"`F<"},
+    {u'z', u"7U5"},
+    {u'1', u"93j"},
+    {u'2', u"_vK"},
+    {u'3', u",0v"},
+    {u'4', u"+>F"},
+    {u'5', u"\"1S"},
+    {u'6', u"=m]"},
+    {u'7', u"={N"},
+    {u'8', u"up7"},
+    {u'9', u"V|t"},
+    {u'0', u"Jv*"},
+    {u'A', u"X}E"},
+    {u'B', u"$^A"},
+    {u'C', u"LA\\"},
+    {u'D', u"$<f"},
+    {u'E', u"gW@"},
+    {u'F', u"o&S"},
+    {u'G', u"3nv"},
+    {u'H', u"H(("},
+    {u'I', u"W.)"},
+    {u'J', u";G!"},
+    {u'K', u"KD^"},
+    {u'L', u":d\\"},
+    {u'M', u"!]S"},
+    {u'N', u"Sg)"},
+    {u'O', u"Q\\G"},
+    {u'P', u"_6\'"},
+    {u'Q', u"ii?"},
+    {u'R', u"So!"},
+    {u'S', u"`M<"},
+    {u'T', u"{s."},
+    {u'U', u"wJ["},
+    {u'V', u"}Jq"},
+    {u'W', u"bD|"},
+    {u'X', u"`0Q"},
+    {u'Y', u"1#M"},
+    {u'Z', u"X}>"},
+    {u'!', u"z?f"},
+    {u'@', u"+ik"},
+    {u'#', u"-m\""},
+    {u'$', u"W=g"},
+    {u'%', u"w>["},
+    {u'^', u"$v}"},
+    {u'&', u"0]t"},
+    {u'*', u"AN)"},
+    {u'(', u":<J"},
+    {u')', u"m_C"},
+    {u'_', u"[\"4"},
+    {u'-', u"8s;"},
+    {u'=', u"$U+"},
+    {u'+', u"N\\%"},
+    {u'[', u"b}?"},
+    {u']', u"#W2"},
+    {u'{', u"3gv"},
+    {u'}', u"~jH"},
+    {u':', u"t$a"},
+    {u';', u"\'8A"},
+    {u'\'', u"1\\Z"},
+    {u'\"', u"d9n"},
+    {u',', u"s@("},
+    {u'.', u"hL!"},
+    {u'<', u"HF4"},
+    {u'>', u"73="},
+    {u'/', u"{4?"},
+    {u'?', u"Y]B"},
+    {u'\\', u"!:b"},
+    {u'|', u"y8,"},
+    {u' ', u"Eu3"},
+    {u'\u00b0', u"\u00b0\u00b0\u00b0"},
+}};
+
+constexpr char16_t kDegre = u'\u00b0';
+
+// Index from a plain character to its row: direct for ASCII, one special slot
+// for the degree sign.
+struct IndexChiffrement {
+    std::array<int8_t, 128> ascii{};
+    int8_t degre = -1;
+
+    IndexChiffrement() {
+        ascii.fill(-1);
+        for (int i = 0; i < int(kTable.size()); ++i) {
+            const char16_t c = kTable[i].clair;
+            if (c < 128)
+                ascii[c] = int8_t(i);
+            else if (c == kDegre)
+                degre = int8_t(i);
+        }
+    }
+    int ligne(char16_t c) const {
+        if (c < 128) return ascii[c];
+        return c == kDegre ? degre : -1;
+    }
+};
+
+// Open-addressing hash from a three-character code to its row.
+struct IndexDechiffrement {
+    static constexpr int kTaille = 512;  // power of two, well above 94
+    std::array<uint64_t, kTaille> cles{};
+    std::array<int8_t, kTaille> lignes{};
+
+    static uint64_t cle(char16_t a, char16_t b, char16_t c) {
+        return (uint64_t(a) << 32) | (uint64_t(b) << 16) | uint64_t(c) | (uint64_t(1) << 63);
+    }
+    static int case_(uint64_t k) { return int((k * 0x9E3779B97F4A7C15ull) >> 55) & (kTaille - 1); }
+
+    IndexDechiffrement() {
+        lignes.fill(-1);
+        for (int i = 0; i < int(kTable.size()); ++i) {
+            const char16_t *c = kTable[i].code;
+            const uint64_t k = cle(c[0], c[1], c[2]);
+            int p = case_(k);
+            while (cles[p] != 0) p = (p + 1) & (kTaille - 1);
+            cles[p] = k;
+            lignes[p] = int8_t(i);
+        }
+    }
+    int ligne(char16_t a, char16_t b, char16_t c) const {
+        const uint64_t k = cle(a, b, c);
+        for (int p = case_(k);; p = (p + 1) & (kTaille - 1)) {
+            if (cles[p] == k) return lignes[p];
+            if (cles[p] == 0) return -1;
+        }
+    }
+};
+
+const IndexChiffrement &indexChiffrement() {
+    static const IndexChiffrement index;
+    return index;
+}
+
+const IndexDechiffrement &indexDechiffrement() {
+    static const IndexDechiffrement index;
+    return index;
+}
+
+}  // namespace
+
+const std::array<LigneCode, 94> &TableCodes() { return kTable; }
+
+}  // namespace Cryptage
+
+QString CrypterChamp(const QString &texte) {
+    const auto &index = Cryptage::indexChiffrement();
+    const auto &table = Cryptage::TableCodes();
+    QString resultat;
+    resultat.reserve(texte.size() * 3);
+    for (const QChar qc : texte) {
+        const int ligne = index.ligne(qc.unicode());
+        if (ligne >= 0)
+            resultat.append(reinterpret_cast<const QChar *>(table[ligne].code), 3);
+        else
+            resultat.append(qc);
+    }
+    return resultat;
+}
+
+QString DecrypterChamp(const QString &texte) {
+    const auto &index = Cryptage::indexDechiffrement();
+    const auto &table = Cryptage::TableCodes();
+    const qsizetype n = texte.size();
+    const QChar *d = texte.constData();
+    QString resultat;
+    resultat.reserve(n / 3 + 3);
+    qsizetype pos = 0;
+    for (; pos + 3 <= n; pos += 3) {
+        const int ligne = index.ligne(d[pos].unicode(), d[pos + 1].unicode(), d[pos + 2].unicode());
+        if (ligne >= 0)
+            resultat.append(QChar(table[ligne].clair));
+        else
+            resultat.append(d + pos, 3);
+    }
+    // A tail of one or two characters can match no code.
+    if (pos < n) resultat.append(d + pos, n - pos);
+    return resultat;
+}

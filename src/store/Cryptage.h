@@ -1,0 +1,27 @@
+#pragma once
+// Field cipher: a fixed substitution of each character of a known alphabet
+// by a three-character code. No key and no state: the same text always gives
+// the same stored text.
+
+#include <QString>
+#include <array>
+
+namespace Cryptage {
+
+struct LigneCode {
+    char16_t clair;
+    const char16_t *code;  // three characters
+};
+
+// The 94 rows, in alphabet order: a-z, 1-9 then 0, A-Z, 30 signs, blank, degree sign.
+const std::array<LigneCode, 94> &TableCodes();
+
+}  // namespace Cryptage
+
+// Plain text to stored text. A character outside the alphabet passes through unchanged.
+QString CrypterChamp(const QString &texte);
+
+// Stored text to plain text, three characters at a time. A piece that is no code
+// passes through as it stands, so text with characters outside the alphabet does
+// not round-trip: the stored text leaves the three-character grid there.
+QString DecrypterChamp(const QString &texte);

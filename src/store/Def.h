@@ -1,0 +1,59 @@
+#pragma once
+// Shared operations: the writes of documents and folders, file helpers, the
+// file association and the quit question.
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+// What the store operations need to know of the grid: the hidden columns of the
+// selected row (16: document number, 17: folder number).
+class SelectionGrille {
+public:
+    virtual ~SelectionGrille() = default;
+    virtual QString texteSelection(int colonne) const = 0;
+};
+
+namespace Def {
+
+constexpr int kColonneNumDocument = 16;
+constexpr int kColonneNumDossier = 17;
+constexpr int kLongueurChamp = 255;
+
+// The grid the operations read their keys from; the main window registers its own.
+void definirSelectionGrille(const SelectionGrille *grille);
+
+// A field of a document by its position (3 to 11), or empty when there is none.
+QString nomChampDocument(int indice);
+
+// Cuts a value to the 255 characters a field holds, never inside a character.
+QString couperChamp(const QString &valeur);
+
+// Ends the program after asking, when the user answers Yes. Tests replace the ending.
+void definirFinProgramme(std::function<void()> fin);
+
+}  // namespace Def
+
+bool ConfirmerQuitter();
+
+// Writes field indice (3 to 10) of the selected document; the caller enciphers first.
+// Returns false when nothing was written (other index, no selection, document gone).
+bool MajChampDocument(int indice, const QString &valeur);
+bool SupprimerDocument();
+bool SupprimerDossier(int num);
+// Writes one field of document num in the selected folder, adding the row if needed.
+// Index 11 (icon) takes a number; a value that is none leaves the icon at 0.
+bool EcrireChampDocument(int indice, const QString &valeur, int num);
+// A whole new document (fields 3 to 11) written in one go: all of it or nothing.
+bool EcrireDocument(int num, const QStringList &champs);
+bool EcrireDossier(const QString &nom, int num);
+
+// The whole content of a file, one character a byte. Throws std::runtime_error
+// with a French message when the file can't be read.
+QByteArray LireFichier(const QString &chemin);
+// Creates or empties the file and writes the text followed by CR LF.
+void EcrireFichier(const QString &chemin, const QByteArray &texte);
+
+// Registers .kvx files with Korvane for the current user.
+void AssocierExtension();

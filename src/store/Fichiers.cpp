@@ -1,0 +1,20 @@
+// Whole-file helpers of module Def.
+
+#include "Def.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <stdexcept>
+
+QByteArray LireFichier(const QString &chemin) {
+    QFile f(chemin);
+    if (!f.open(QIODevice::ReadOnly))
+        throw std::runtime_error(QStringLiteral("Impossible de lire le fichier %1.").arg(QFileInfo(chemin).fileName()).toStdString());
+    return f.readAll();
+}
+
+void EcrireFichier(const QString &chemin, const QByteArray &texte) {
+    QFile f(chemin);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(texte) != texte.size() || f.write("\r\n", 2) != 2)
+        throw std::runtime_error(QStringLiteral("Impossible d'écrire le fichier %1.").arg(QFileInfo(chemin).fileName()).toStdString());
+}

@@ -1,0 +1,59 @@
+#include "Art.h"
+
+#include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace Art {
+
+namespace {
+QSvgRenderer *rendu(const QString &nom) {
+    static QHash<QString, QSvgRenderer *> rendus;
+    auto it = rendus.find(nom);
+    if (it == rendus.end()) {
+        auto *r = new QSvgRenderer(QStringLiteral(":/art/%1.svg").arg(nom));
+        if (!r->isValid()) {
+            delete r;
+            r = nullptr;
+        }
+        it = rendus.insert(nom, r);
+    }
+    return *it;
+}
+}  // namespace
+
+QPixmap pixmap(const QString &nom, const QSize &taille) {
+    QSvgRenderer *r = rendu(nom);
+    if (!r || taille.isEmpty()) return {};
+    QPixmap pm(taille);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    r->render(&p);
+    return pm;
+}
+
+QPixmap eclaircie(const QPixmap &source) {
+    if (source.isNull()) return source;
+    QImage image = source.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto *ligne = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb c = ligne[x];
+            // Towards a warm white, keeping the alpha: the picture "lights up" under the pointer.
+            ligne[x] = qRgba(qMin(255, qRed(c) + (255 - qRed(c)) * 2 / 5 + 10), qMin(255, qGreen(c) + (255 - qGreen(c)) * 2 / 5),
+                             qMin(255, qBlue(c) + (255 - qBlue(c)) / 4), qAlpha(c));
+        }
+    }
+    return QPixmap::fromImage(image);
+}
+
+bool dessiner(QPainter &p, const QString &nom, const QRectF &rect) {
+    QSvgRenderer *r = rendu(nom);
+    if (!r) return false;
+    r->setAspectRatioMode(Qt::IgnoreAspectRatio);
+    r->render(&p, rect);
+    return true;
+}
+
+}  // namespace Art

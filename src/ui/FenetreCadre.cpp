@@ -1,0 +1,115 @@
+#include "FenetreCadre.h"
+
+#include "Art.h"
+#include "BoutonImage.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+
+PanneauImage::PanneauImage(const QString &art, Mode mode, QWidget *parent)
+    : QWidget(parent), art_(art), mode_(mode) {}
+
+void PanneauImage::definirTexte(const QString &texte) {
+    texte_ = texte;
+    update();
+}
+
+void PanneauImage::definirCouleurTexte(const QColor &c) {
+    couleurTexte_ = c;
+    update();
+}
+
+void PanneauImage::paintEvent(QPaintEvent *) {
+    QPainter p(this);
+    bool peint = false;
+    if (mode_ == Mode::Etire) {
+        peint = Art::dessiner(p, art_, QRectF(rect()));
+    } else {
+        static QPixmap tuile;
+        static QString tuileArt;
+        if (tuileArt != art_) {
+            tuile = Art::pixmap(art_, QSize(256, 256));
+            tuileArt = art_;
+        }
+        if (!tuile.isNull()) {
+            p.drawTiledPixmap(rect(), tuile);
+            peint = true;
+        }
+    }
+    if (!peint) p.fillRect(rect(), mode_ == Mode::Mosaique ? QColor(0xee, 0xf0, 0xf4) : QColor(0x26, 0x34, 0x55));
+    if (!texte_.isEmpty()) {
+        p.setPen(couleurTexte_);
+        p.drawText(rect().adjusted(8, 0, -8, 0), Qt::AlignVCenter | Qt::AlignLeft, texte_);
+    }
+}
+
+FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::FramelessWindowHint) {
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    Fond[0] = new PanneauImage(QStringLiteral("enteteh"), PanneauImage::Mode::Etire, this);
+    Fond[3] = new PanneauImage(QStringLiteral("gauche"), PanneauImage::Mode::Etire, this);
+    Fond[4] = new PanneauImage(QStringLiteral("droit"), PanneauImage::Mode::Etire, this);
+    EnteteB = new PanneauImage(QStringLiteral("enteteb"), PanneauImage::Mode::Etire, this);
+    FondBleu = new PanneauImage(QStringLiteral("Fond"), PanneauImage::Mode::Mosaique, this);
+    for (int i : {0, 3, 4}) activerDeplacement(Fond[i]);
+    activerDeplacement(EnteteB);
+    activerDeplacement(FondBleu);
+
+    entete = new QLabel(Fond[0]);
+    entete->setObjectName(QStringLiteral("entete"));
+    QFont f = entete->font();
+    f.setBold(true);
+    f.setPointSizeF(f.pointSizeF() + 1);
+    entete->setFont(f);
+    entete->setStyleSheet(QStringLiteral("color: white; background: transparent;"));
+    activerDeplacement(entete);
+
+    Im_Commande = new BoutonImage(Fond[0]);
+    Im_Commande->setObjectName(QStringLiteral("Im_Commande"));
+    Im_Commande->definirArt(QStringLiteral("fermer"), QSize(20, 20));
+    Im_Commande->setToolTip(QStringLiteral("Fermer"));
+    connect(Im_Commande, &QAbstractButton::clicked, this, [this] {
+        if (!Im_Commande->estEnfonce()) return;
+        Im_Commande->relacher();
+        emit fermetureDemandee();
+    });
+}
+
+void FenetreCadre::activerDeplacement(QWidget *w) { w->installEventFilter(this); }
+
+void FenetreCadre::definirTailleContenu(const QSize &taille) {
+    resize(taille.width() + 2 * kLargeBord, taille.height() + kHautEntete + kHautBas);
+}
+
+void FenetreCadre::resizeEvent(QResizeEvent *) {
+    const int w = width(), h = height();
+    Fond[0]->setGeometry(0, 0, w, kHautEntete);
+    EnteteB->setGeometry(0, h - kHautBas, w, kHautBas);
+    Fond[3]->setGeometry(0, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
+    Fond[4]->setGeometry(w - kLargeBord, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
+    FondBleu->setGeometry(kLargeBord, kHautEntete, w - 2 * kLargeBord, h - kHautEntete - kHautBas);
+    Im_Commande->setGeometry(w - 34, (kHautEntete - 28) / 2, 28, 28);
+    entete->setGeometry(12, 0, w - 60, kHautEntete);
+}
+
+bool FenetreCadre::eventFilter(QObject *objet, QEvent *evenement) {
+    switch (evenement->type()) {
+    case QEvent::MouseButtonPress: {
+        auto *m = static_cast<QMouseEvent *>(evenement);
+        if (m->button() == Qt::LeftButton) {
+            DeplacementEnCours = true;
+            Deplacement = m->globalPosition().toPoint() - frameGeometry().topLeft();
+        }
+        break;
+    }
+    case QEvent::MouseMove:
+        if (DeplacementEnCours) move(static_cast<QMouseEvent *>(evenement)->globalPosition().toPoint() - Deplacement);
+        break;
+    case QEvent::MouseButtonRelease:
+        DeplacementEnCours = false;
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(objet, evenement);
+}

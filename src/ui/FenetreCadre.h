@@ -1,0 +1,66 @@
+#pragma once
+// The frameless window every Korvane window shares: a top strip, two edges and a
+// bottom strip painted from the art, a tiled background, a close button, and a
+// drag by the frame and by the labels.
+
+#include <QPoint>
+#include <QWidget>
+#include <array>
+
+class BoutonImage;
+class QLabel;
+
+// A panel painted from one picture of the art, stretched or tiled, with an optional text.
+class PanneauImage : public QWidget {
+    Q_OBJECT
+public:
+    enum class Mode { Etire, Mosaique };
+    PanneauImage(const QString &art, Mode mode, QWidget *parent = nullptr);
+
+    void definirTexte(const QString &texte);
+    QString texte() const { return texte_; }
+    void definirCouleurTexte(const QColor &c);
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+
+private:
+    QString art_;
+    Mode mode_;
+    QString texte_;
+    QColor couleurTexte_ = Qt::white;
+};
+
+class FenetreCadre : public QWidget {
+    Q_OBJECT
+public:
+    static constexpr int kHautEntete = 36;
+    static constexpr int kHautBas = 26;
+    static constexpr int kLargeBord = 6;
+
+    explicit FenetreCadre(QWidget *parent = nullptr);
+
+    // Frame parts, by their place: 0 top strip, 3 left edge, 4 right edge.
+    std::array<PanneauImage *, 5> Fond{};
+    PanneauImage *EnteteB = nullptr;   // bottom strip
+    PanneauImage *FondBleu = nullptr;  // background of the content; children go here
+    BoutonImage *Im_Commande = nullptr;  // close button, tool tip "Fermer"
+    QLabel *entete = nullptr;           // heading on the top strip
+
+    // Makes w a drag surface for the window (labels, decorations).
+    void activerDeplacement(QWidget *w);
+    // Sets the size of the content area; the frame adds its strips around it.
+    void definirTailleContenu(const QSize &taille);
+    bool deplacementEnCours() const { return DeplacementEnCours; }
+
+signals:
+    void fermetureDemandee();  // Im_Commande clicked while pressed; it is released by the handler
+
+protected:
+    void resizeEvent(QResizeEvent *) override;
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+private:
+    bool DeplacementEnCours = false;
+    QPoint Deplacement;  // pointer position within the window when the drag began
+};

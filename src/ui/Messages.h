@@ -1,0 +1,23 @@
+#pragma once
+// Message boxes with the application's title and French buttons. Tests answer
+// them in advance and read back what was shown.
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace Messages {
+
+extern const QString kTitre;  // "Korvane"
+
+void information(const QString &texte);
+bool question(const QString &texte);  // true for "Oui"
+
+// Test hooks: once prepared, no box is shown; questions take the prepared answers
+// in order (No when none is left) and every text shown is recorded.
+void preparerPourTests();
+void prevoirReponses(const QList<bool> &reponses);
+QStringList affiches();     // texts shown since the last call, then emptied
+int reponsesRestantes();
+
+}  // namespace Messages

@@ -1,0 +1,230 @@
+#include "store/Base.h"
+#include "store/Comptes.h"
+#include "store/Cryptage.h"
+#include "store/Def.h"
+#include "support/BaseSql.h"
+#include "support/EnvironnementTest.h"
+
+#include <QFile>
+#include <QMap>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+// The grid's selected row, as the store reads it.
+class GrilleFactice : public SelectionGrille {
+public:
+    QMap<int, QString> colonnes;
+    QString texteSelection(int colonne) const override { return colonnes.value(colonne); }
+    void selectionner(int num, int dossier) {
+        colonnes[Def::kColonneNumDocument] = QString::number(num);
+        colonnes[Def::kColonneNumDossier] = QString::number(dossier);
+    }
+};
+
+class Store : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Def::definirSelectionGrille(&grille);
+        Session::NumCompteCourant = 1;
+    }
+    void TearDown() override { Def::definirSelectionGrille(nullptr); }
+    QStringList sql(const QString &requete) { return BaseSql::lignes(Chemins::cheminBase(), requete); }
+
+    EnvironnementTest env;
+    GrilleFactice grille;
+};
+
+QByteArray contenu(const QString &chemin) {
+    QFile f(chemin);
+    f.open(QIODevice::ReadOnly);
+    return f.readAll();
+}
+
+}  // namespace
+
+TEST_F(Store, UneBaseNeuveAlesModelesEtLesIconesEtSOuvreAvecLaPhrase) {
+    // Read through any SQLCipher client with the passphrase.
+    EXPECT_EQ(sql("SELECT count(*) FROM Compte"), QStringList{"0"});
+    EXPECT_EQ(sql("SELECT count(*) FROM Documents"), QStringList{"0"});
+    const QStringList modeles = sql("SELECT NumCompte, Num, Nom FROM Dossiers ORDER BY Num");
+    ASSERT_EQ(modeles.size(), 6);
+    for (const QString &m : modeles) EXPECT_TRUE(m.startsWith("0|"));
+    EXPECT_EQ(sql("SELECT Num, Libelle FROM Icones ORDER BY Num"),
+              (QStringList{"1|Compte", "2|Logiciels", "3|Favoris", "4|Email", "5|Login réseau", "6|Web"}));
+    // Each icon holds the bytes of a picture file that loads.
+    EXPECT_EQ(sql("SELECT count(*) FROM Icones WHERE hex(substr(ico,1,4)) = '89504E47'"), QStringList{"6"});
+    // Field order matters to readers by position.
+    QStringList noms;
+    for (const QString &colonne : sql("PRAGMA table_info(Documents)")) noms << colonne.section(u'|', 1, 1);
+    EXPECT_EQ(noms.join(u','), "NumCompte,Num,NumDossier,Titre,LoginDoc,MotDePasse,Url,Fichier,DateDebut,DateFin,Remarques,Icone");
+    // Without the key the file is unreadable.
+    EXPECT_FALSE(contenu(Chemins::cheminBase()).contains("SQLite format"));
+    EXPECT_FALSE(contenu(Chemins::cheminBase()).contains("Logiciels"));
+}
+
+TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
+    const QString etranger = env.chemin("etranger.kvx");
+    {
+        QFile f(etranger);
+        f.open(QIODevice::WriteOnly);
+        f.write(QByteArray(4096, 'x'));
+    }
+    QString raison;
+    EXPECT_FALSE(Base::estBaseKorvane(etranger, &raison));
+    EXPECT_TRUE(raison.contains("n'est pas une base Korvane")) << raison.toStdString();
+    EXPECT_EQ(contenu(etranger), QByteArray(4096, 'x'));
+
+    // A base protected by another password.
+    const QString autreCle = env.chemin("autre.kvx");
+    {
+        sqlite3 *db = nullptr;
+        sqlite3_open(QFile::encodeName(autreCle).constData(), &db);
+        sqlite3_exec(db, "PRAGMA key='autre'; CREATE TABLE Compte (a);", nullptr, nullptr, nullptr);
+        sqlite3_close(db);
+    }
+    const QByteArray avant = contenu(autreCle);
+    EXPECT_FALSE(Base::estBaseKorvane(autreCle, &raison));
+    EXPECT_TRUE(raison.contains("autre mot de passe")) << raison.toStdString();
+    EXPECT_EQ(contenu(autreCle), avant);
+
+    // In place of korvane.kvx, the start refuses it and does not recreate over it.
+    QFile::remove(Chemins::cheminBase());
+    QFile::copy(etranger, Chemins::cheminBase());
+    EXPECT_THROW(Base::preparerBase(), Base::ErreurBase);
+    EXPECT_EQ(contenu(Chemins::cheminBase()), QByteArray(4096, 'x'));
+}
+
+TEST_F(Store, UneBaseEnLectureSeuleOuVerrouilleeDonneUnMessageEtNePerdRien) {
+    Comptes::creer(1, "alice", "secret");
+    if (::geteuid() != 0) {  // root writes through file modes
+        ::chmod(QFile::encodeName(Chemins::cheminBase()).constData(), 0444);
+        try {
+            Comptes::creer(2, "bob", "x");
+            ADD_FAILURE() << "write to a read-only base succeeded";
+        } catch (const Base::ErreurBase &e) {
+            EXPECT_TRUE(e.message().contains("lecture seule")) << e.message().toStdString();
+        }
+        ::chmod(QFile::encodeName(Chemins::cheminBase()).constData(), 0644);
+    }
+    // Another program holds a write lock.
+    sqlite3 *autre = nullptr;
+    sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);
+    sqlite3_exec(autre, "PRAGMA key='Tarvex'; BEGIN EXCLUSIVE;", nullptr, nullptr, nullptr);
+    try {
+        Comptes::creer(2, "bob", "x");
+        ADD_FAILURE() << "write to a locked base succeeded";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains("utilisée par un autre programme")) << e.message().toStdString();
+    }
+    sqlite3_exec(autre, "ROLLBACK;", nullptr, nullptr, nullptr);
+    sqlite3_close(autre);
+    EXPECT_EQ(sql("SELECT NumCompte, Login FROM Compte"), QStringList{"1|alice"});
+}
+
+TEST_F(Store, LesComptesSontNumerotesParMaxPlusUnEtTrouvesSansCasseNiBlancs) {
+    EXPECT_EQ(Comptes::prochainNumero(), 1);
+    Comptes::creer(1, Comptes::cleLogin("  Alice "), "Mot de Passe ");
+    EXPECT_EQ(Comptes::prochainNumero(), 2);
+    EXPECT_EQ(sql("SELECT Login FROM Compte"), QStringList{"alice"});
+    // The password is stored enciphered, blanks and case included.
+    EXPECT_EQ(sql("SELECT Pass FROM Compte"), QStringList{CrypterChamp("Mot de Passe ")});
+    const auto compte = Comptes::chercher(Comptes::cleLogin(" ALICE"));
+    ASSERT_TRUE(compte.has_value());
+    EXPECT_EQ(DecrypterChamp(compte->passStocke), "Mot de Passe ");
+    // An apostrophe is just a character of the login.
+    Comptes::creer(2, "o'brien", "x");
+    EXPECT_TRUE(Comptes::chercher("o'brien").has_value());
+    EXPECT_FALSE(Comptes::chercher("o'").has_value());
+    // A gap left from outside: numbering follows the maximum.
+    BaseSql::executer(Chemins::cheminBase(), "UPDATE Compte SET NumCompte=5 WHERE Login='o''brien'");
+    EXPECT_EQ(Comptes::prochainNumero(), 6);
+    EXPECT_TRUE(Comptes::changerMotDePasse("alice", "neuf"));
+    EXPECT_FALSE(Comptes::changerMotDePasse("personne", "neuf"));
+    EXPECT_EQ(sql("SELECT Pass FROM Compte WHERE Login='alice'"), QStringList{CrypterChamp("neuf")});
+}
+
+TEST_F(Store, EcrireChampDocumentAjouteLaLigneEtCoupeA255) {
+    grille.colonnes[Def::kColonneNumDossier] = "3";
+    EXPECT_TRUE(EcrireChampDocument(12, "ignoré", 40));  // no such field: the row with its keys only
+    EXPECT_EQ(sql("SELECT NumCompte, Num, NumDossier, Titre, Icone FROM Documents"), QStringList{"1|40|3|NULL|0"});
+    EXPECT_TRUE(EcrireChampDocument(3, QString(300, 'T'), 40));
+    EXPECT_TRUE(EcrireChampDocument(11, "", 40));  // empty icon number: the icon stays 0
+    EXPECT_TRUE(EcrireChampDocument(10, "note", 40));
+    EXPECT_EQ(sql("SELECT length(Titre), Remarques, Icone FROM Documents"), QStringList{"255|note|0"});
+    EXPECT_TRUE(EcrireChampDocument(11, "4", 40));
+    EXPECT_EQ(sql("SELECT Icone FROM Documents"), QStringList{"4"});
+    EXPECT_EQ(sql("SELECT count(*) FROM Documents"), QStringList{"1"});
+}
+
+TEST_F(Store, EcrireDocumentEcritToutOuRien) {
+    grille.colonnes[Def::kColonneNumDossier] = "2";
+    const QStringList champs{"Banque", "moi", "pw", "https://b.example", "", "01/02/2026", "", "r", "3"};
+    EXPECT_TRUE(EcrireDocument(7, champs));
+    EXPECT_EQ(sql("SELECT * FROM Documents"), QStringList{"1|7|2|Banque|moi|pw|https://b.example||01/02/2026||r|3"});
+    // A locked base: the second document is not written at all.
+    sqlite3 *autre = nullptr;
+    sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);
+    sqlite3_exec(autre, "PRAGMA key='Tarvex'; BEGIN EXCLUSIVE;", nullptr, nullptr, nullptr);
+    EXPECT_THROW(EcrireDocument(8, champs), Base::ErreurBase);
+    sqlite3_exec(autre, "ROLLBACK;", nullptr, nullptr, nullptr);
+    sqlite3_close(autre);
+    EXPECT_EQ(sql("SELECT count(*) FROM Documents WHERE Num=8"), QStringList{"0"});
+}
+
+TEST_F(Store, MajChampDocumentEcritLeChampChiffreDeLaLigneSelectionnee) {
+    grille.selectionner(5, 2);
+    EXPECT_TRUE(EcrireChampDocument(3, "Titre", 5));
+    const QString cent(100, 'p');
+    EXPECT_TRUE(MajChampDocument(5, CrypterChamp(cent)));
+    // 100 characters enciphered are 300; the field keeps 255, which read back as 85.
+    const QStringList stocke = sql("SELECT MotDePasse FROM Documents");
+    ASSERT_EQ(stocke.size(), 1);
+    EXPECT_EQ(stocke[0].size(), 255);
+    EXPECT_EQ(DecrypterChamp(stocke[0]), QString(85, 'p'));
+    // Index 11 changes nothing; nor does a row whose document is gone, nor another account's.
+    EXPECT_FALSE(MajChampDocument(11, "3"));
+    EXPECT_EQ(sql("SELECT Icone FROM Documents"), QStringList{"0"});
+    grille.selectionner(99, 2);
+    EXPECT_FALSE(MajChampDocument(3, "x"));
+    grille.selectionner(5, 2);
+    Session::NumCompteCourant = 2;
+    EXPECT_FALSE(MajChampDocument(3, "x"));
+    EXPECT_FALSE(SupprimerDocument());
+    // No selection at all (a folder row has no document number): nothing.
+    Session::NumCompteCourant = 1;
+    grille.colonnes.clear();
+    EXPECT_FALSE(MajChampDocument(3, "x"));
+    EXPECT_EQ(sql("SELECT Titre FROM Documents"), QStringList{"Titre"});
+    grille.selectionner(5, 2);
+    EXPECT_TRUE(SupprimerDocument());
+    EXPECT_EQ(sql("SELECT count(*) FROM Documents"), QStringList{"0"});
+}
+
+TEST_F(Store, LesDossiersSontParCompte) {
+    EXPECT_TRUE(EcrireDossier("Banques", 3));
+    Session::NumCompteCourant = 2;
+    EXPECT_TRUE(EcrireDossier(QString(300, 'D'), 3));  // same number, another account
+    EXPECT_TRUE(EcrireDossier("Travail", 3));           // rename
+    EXPECT_EQ(sql("SELECT NumCompte, Num, Nom FROM Dossiers WHERE NumCompte>0 ORDER BY NumCompte"),
+              (QStringList{"1|3|Banques", "2|3|Travail"}));
+    EXPECT_TRUE(SupprimerDossier(3));
+    EXPECT_FALSE(SupprimerDossier(3));
+    EXPECT_EQ(sql("SELECT NumCompte FROM Dossiers WHERE Num=3 AND NumCompte>0"), QStringList{"1"});
+    // The templates of account 0 are untouched.
+    EXPECT_EQ(sql("SELECT count(*) FROM Dossiers WHERE NumCompte=0"), QStringList{"6"});
+}
+
+TEST_F(Store, LesFichiersAllerRetour) {
+    const QString chemin = env.chemin("ico.tmp");
+    QByteArray octets;
+    for (int i = 0; i < 256; ++i) octets.append(char(i));
+    EcrireFichier(chemin, octets);
+    EXPECT_EQ(QFile(chemin).size(), octets.size() + 2);
+    EXPECT_EQ(LireFichier(chemin), octets + "\r\n");
+    EcrireFichier(chemin, QByteArray());
+    EXPECT_EQ(LireFichier(chemin), QByteArray("\r\n"));
+    EXPECT_THROW(LireFichier(env.chemin("absent")), std::runtime_error);
+    EXPECT_THROW(EcrireFichier(env.chemin("absent/dossier/x"), "a"), std::runtime_error);
+}

@@ -1,0 +1,112 @@
+#include "store/Cryptage.h"
+#include "support/ImpressionQt.h"
+
+#include <QSet>
+#include <gtest/gtest.h>
+
+namespace {
+
+QString alphabetAttendu() {
+    QString a;
+    for (char16_t c = u'a'; c <= u'z'; ++c) a += QChar(c);
+    a += QStringLiteral("1234567890");
+    for (char16_t c = u'A'; c <= u'Z'; ++c) a += QChar(c);
+    a += QStringLiteral("!@#$%^&*()_-=+[]{}:;'\",.<>/?\\| ");
+    a += QChar(0x00b0);
+    return a;
+}
+
+QString tout() {
+    QString t;
+    for (const auto &l : Cryptage::TableCodes()) t += QChar(l.clair);
+    return t;
+}
+
+}  // namespace
+
+TEST(Cryptage, LaTableObeitASesRegles) {
+    const auto &table = Cryptage::TableCodes();
+    ASSERT_EQ(table.size(), 94u);
+    EXPECT_EQ(tout(), alphabetAttendu());
+
+    QSet<QString> codes;
+    int avecGuillemet = 0;
+    for (size_t i = 0; i < table.size(); ++i) {
+        const QString code = QString::fromUtf16(table[i].code);
+        ASSERT_EQ(code.size(), 3) << "row " << i;
+        codes.insert(code);
+        if (code.contains(u'"')) ++avecGuillemet;
+        if (i < 93) {
+            for (QChar c : code) EXPECT_TRUE(c.unicode() >= 0x20 && c.unicode() < 0x7f) << "row " << i;
+        }
+    }
+    EXPECT_EQ(codes.size(), 94);
+    EXPECT_EQ(avecGuillemet, 3);
+    EXPECT_EQ(QString::fromUtf16(table[93].code), QString(3, QChar(0x00b0)));
+
+    // Letters, digits and signs all appear among the codes.
+    bool lettre = false, chiffre = false, signe = false;
+    for (const QString &c : codes)
+        for (QChar ch : c) {
+            lettre |= ch.isLetter();
+            chiffre |= ch.isDigit();
+            signe |= ch.isPunct() || ch.isSymbol();
+        }
+    EXPECT_TRUE(lettre && chiffre && signe);
+}
+
+TEST(Cryptage, LAlphabetFaitLAllerRetourExact) {
+    const QString texte = alphabetAttendu() + QStringLiteral("  Mot de passe: P@ss w0rd!  ");
+    const QString stocke = CrypterChamp(texte);
+    EXPECT_EQ(stocke.size(), texte.size() * 3);
+    EXPECT_EQ(DecrypterChamp(stocke), texte);
+    EXPECT_NE(stocke, texte);
+    EXPECT_EQ(CrypterChamp(QString()), QString());
+    EXPECT_EQ(DecrypterChamp(QString()), QString());
+    // Case counts: a and A are two rows, and a code in other case is no match.
+    EXPECT_NE(CrypterChamp(QStringLiteral("a")), CrypterChamp(QStringLiteral("A")));
+    const QString codeA = CrypterChamp(QStringLiteral("a"));
+    if (codeA != codeA.toUpper()) {
+        EXPECT_EQ(DecrypterChamp(codeA.toUpper()), codeA.toUpper());
+    }
+}
+
+TEST(Cryptage, LeDegreNeCacheRien) {
+    const QString degre(QChar(0x00b0));
+    EXPECT_EQ(CrypterChamp(degre), QString(3, QChar(0x00b0)));
+    EXPECT_EQ(DecrypterChamp(QString(3, QChar(0x00b0))), degre);
+}
+
+TEST(Cryptage, HorsAlphabetLeChiffrementPasseLeCaractereEtLeDechiffrementSortDeLaGrille) {
+    const QString texte = QStringLiteral("élan");
+    const QString stocke = CrypterChamp(texte);
+    EXPECT_EQ(stocke.size(), 1 + 3 * 3);
+    EXPECT_EQ(stocke.at(0), QChar(u'é'));
+    EXPECT_EQ(stocke.mid(1), CrypterChamp(QStringLiteral("lan")));
+    // é and the first two characters of the next code form a piece that is no code.
+    const QString retour = DecrypterChamp(stocke);
+    EXPECT_NE(retour, texte);
+    EXPECT_TRUE(retour.startsWith(stocke.left(3)));
+    // A line end is outside the alphabet too.
+    EXPECT_NE(DecrypterChamp(CrypterChamp(QStringLiteral("a\r\nb"))), QStringLiteral("a\r\nb"));
+}
+
+TEST(Cryptage, LeDechiffrementLaisseLesMorceauxInconnusEtLaQueue) {
+    const QString code = CrypterChamp(QStringLiteral("x"));
+    // A tail of one or two characters is appended as it stands.
+    EXPECT_EQ(DecrypterChamp(code + QStringLiteral("ab")), QStringLiteral("xab"));
+    EXPECT_EQ(DecrypterChamp(code + QStringLiteral("a")), QStringLiteral("xa"));
+    // Plain text shorter than a code never changes.
+    EXPECT_EQ(DecrypterChamp(QStringLiteral("ab")), QStringLiteral("ab"));
+    // A plain field changes only where a piece on the three-character grid equals a code.
+    EXPECT_EQ(DecrypterChamp(QStringLiteral("é") + code), QStringLiteral("é") + code);
+    EXPECT_EQ(DecrypterChamp(QStringLiteral("zzz") + code).right(1), QStringLiteral("x"));
+}
+
+TEST(Cryptage, LesLongsTextesNeDebordentPas) {
+    // Far past the old 16-bit limits: every length works.
+    const QString long_ = QString(40000, u'k') + QStringLiteral("Z");
+    const QString stocke = CrypterChamp(long_);
+    EXPECT_EQ(stocke.size(), long_.size() * 3);
+    EXPECT_EQ(DecrypterChamp(stocke), long_);
+}

@@ -1,0 +1,66 @@
+#include "store/Reglages.h"
+#include "support/EnvironnementTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace {
+void ecrireFichierReglages(const QByteArray &contenu) {
+    QDir().mkpath(QFileInfo(Reglages::cheminFichier()).absolutePath());
+    QFile f(Reglages::cheminFichier());
+    f.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    f.write(contenu);
+}
+QByteArray lireFichierReglages() {
+    QFile f(Reglages::cheminFichier());
+    f.open(QIODevice::ReadOnly);
+    return f.readAll();
+}
+}  // namespace
+
+TEST(Reglages, LesDefautsDeChaqueCle) {
+    EnvironnementTest env(false);
+    using Reglages::Cle;
+    EXPECT_EQ(Reglages::lireTexte(Cle::Username), QString());
+    EXPECT_EQ(Reglages::lireNombre(Cle::Demarrage), 0);
+    EXPECT_EQ(Reglages::lireNombre(Cle::Windowstate), 0);
+    EXPECT_EQ(Reglages::lireNombre(Cle::MainLeft, 1234), 1234);
+    EXPECT_EQ(Reglages::lireNombre(Cle::Backcolor), 16777215);
+    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurTitre), 0);
+    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurSection), 16777215);
+    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurParent), 0);
+    EXPECT_EQ(Reglages::couleurParentDialogue(), 16777215);
+    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurSelection), 14737632);
+    EXPECT_TRUE(Reglages::colonneVisible(3));
+    EXPECT_FALSE(QFile::exists(Reglages::cheminFichier()));  // reading writes nothing
+}
+
+TEST(Reglages, LesClesSeRejoignentQuelleQueSoitLaCasse) {
+    EnvironnementTest env(false);
+    ecrireFichierReglages("[couleurs]\nbackcolor=255\nCouleurselection=65280\n[Settings]\nColonne%203=0\n");
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 255);
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 65280);
+    EXPECT_FALSE(Reglages::colonneVisible(3));
+    EXPECT_EQ(Reglages::lire("COULEURS", "BACKCOLOR", "x"), "255");
+    // Writing in another form leaves one value, found by every form.
+    Reglages::ecrire("Couleurs", "BackColor", "128");
+    EXPECT_EQ(Reglages::lire("couleurs", "backcolor", "x"), "128");
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 128);
+    EXPECT_EQ(lireFichierReglages().toLower().count("backcolor"), 1);
+    Reglages::ecrireColonneVisible(3, true);
+    EXPECT_TRUE(Reglages::colonneVisible(3));
+    EXPECT_EQ(Reglages::lire("settings", "colonne 3", "x"), "-1");
+}
+
+TEST(Reglages, UnFichierEditeALaMainNeCassePas) {
+    EnvironnementTest env(false);
+    ecrireFichierReglages("[Couleurs]\nBackcolor=rouge\nCouleurTitre=99999999999999\n[Settings]\nWindowstate=\nColonne%204=oui\n"
+                          "garbage line without equals\n[[broken\n");
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 16777215);
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurTitre), 0);
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Windowstate), 0);
+    EXPECT_TRUE(Reglages::colonneVisible(4));
+    Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("Zoé l'ami"));
+    EXPECT_EQ(Reglages::lireTexte(Reglages::Cle::Username), QStringLiteral("Zoé l'ami"));
+}
