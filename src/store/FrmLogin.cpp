@@ -12,7 +12,7 @@
 #include "ui/Messages.h"
 
 #include <QComboBox>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
@@ -33,6 +33,7 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     setObjectName(QStringLiteral("FrmLogin"));
     setWindowTitle(Messages::kTitre);
     definirTailleContenu(QSize(380, 150));
+    centrer();
 
     L[1] = entete;
     L[2] = new QLabel(QStringLiteral("Password"), FondBleu);
@@ -74,7 +75,7 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     EnteteB->definirTexte(Chaine(154).trimmed());
 
     connect(Login, &QComboBox::activated, this, [this] { choixDansListe(); });
-    connect(Login->lineEdit(), &QLineEdit::returnPressed, this, [this] { ChercherLogin(); });
+    Login->lineEdit()->installEventFilter(this);
     connect(Pass, &QLineEdit::returnPressed, this, [this] {
         OK->enfoncer();
         clicOK();
@@ -186,6 +187,14 @@ void FrmLogin::clicFermer() {
 }
 
 bool FrmLogin::eventFilter(QObject *objet, QEvent *evenement) {
-    if (objet == Pass && evenement->type() == QEvent::FocusIn) QTimer::singleShot(0, Pass, &QLineEdit::selectAll);
+    if (Pass && objet == Pass && evenement->type() == QEvent::FocusIn) QTimer::singleShot(0, Pass, &QLineEdit::selectAll);
+    // Enter in the login box is an attempt with what is typed, not a choice in the list.
+    if (Login && objet == Login->lineEdit() && evenement->type() == QEvent::KeyPress) {
+        const int touche = static_cast<QKeyEvent *>(evenement)->key();
+        if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
+            ChercherLogin();
+            return true;
+        }
+    }
     return FenetreCadre::eventFilter(objet, evenement);
 }

@@ -3,7 +3,9 @@
 #include "Art.h"
 #include "BoutonImage.h"
 
+#include <QGuiApplication>
 #include <QLabel>
+#include <QScreen>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -79,6 +81,13 @@ void FenetreCadre::activerDeplacement(QWidget *w) { w->installEventFilter(this);
 
 void FenetreCadre::definirTailleContenu(const QSize &taille) {
     resize(taille.width() + 2 * kLargeBord, taille.height() + kHautEntete + kHautBas);
+}
+
+void FenetreCadre::centrer() {
+    const QScreen *ecran = screen() ? screen() : QGuiApplication::primaryScreen();
+    if (!ecran) return;
+    const QRect zone = ecran->availableGeometry();
+    move(zone.center() - QPoint(width() / 2, height() / 2));
 }
 
 void FenetreCadre::resizeEvent(QResizeEvent *) {

@@ -52,6 +52,8 @@ public:
     // Sets the size of the content area; the frame adds its strips around it.
     void definirTailleContenu(const QSize &taille);
     bool deplacementEnCours() const { return DeplacementEnCours; }
+    // Places the window in the middle of the screen it is on.
+    void centrer();
 
 signals:
     void fermetureDemandee();  // Im_Commande clicked while pressed; it is released by the handler

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <cstdio>
 
 namespace Messages {
 
@@ -20,11 +21,22 @@ EtatTest &etat() {
 }
 
 QWidget *parentActif() { return QApplication::activeWindow(); }
+
+// Without a screen to show a box on (headless runs), the text goes to the error
+// output and every question is answered No, the answer that changes nothing.
+bool sansFenetre() {
+    static const bool sans = qEnvironmentVariableIsSet("KORVANE_MESSAGES_SANS_FENETRE");
+    return sans;
+}
 }  // namespace
 
 void information(const QString &texte) {
     if (etat().actif) {
         etat().affiches.append(texte);
+        return;
+    }
+    if (sansFenetre()) {
+        std::fprintf(stderr, "%s\n", qPrintable(texte));
         return;
     }
     QMessageBox boite(QMessageBox::Information, kTitre, texte, QMessageBox::NoButton, parentActif());
@@ -36,6 +48,10 @@ bool question(const QString &texte) {
     if (etat().actif) {
         etat().affiches.append(texte);
         return etat().reponses.isEmpty() ? false : etat().reponses.takeFirst();
+    }
+    if (sansFenetre()) {
+        std::fprintf(stderr, "%s\n", qPrintable(texte));
+        return false;
     }
     QMessageBox boite(QMessageBox::Question, kTitre, texte, QMessageBox::NoButton, parentActif());
     QPushButton *oui = boite.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);

@@ -1,0 +1,230 @@
+// The login window driven through its real controls.
+
+#include "app/Navigation.h"
+#include "store/Comptes.h"
+#include "store/Cryptage.h"
+#include "store/Def.h"
+#include "store/FrmLogin.h"
+#include "support/BaseSql.h"
+#include "support/EnvironnementTest.h"
+#include "ui/BoutonImage.h"
+#include "workspace/frmMain.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <memory>
+
+class TestFrmLogin : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<EnvironnementTest> env;
+    int finsDemandees = 0;
+
+    QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
+
+    FrmLogin *ouvrir() {
+        Navigation::afficherLogin();
+        return Navigation::fenetreLogin();
+    }
+    void taper(QWidget *w, const QString &texte) {
+        if (auto *l = qobject_cast<QLineEdit *>(w)) l->clear();
+        QTest::keyClicks(w, texte);
+    }
+    void taperLogin(FrmLogin *f, const QString &texte) {
+        f->Login->lineEdit()->clear();
+        QTest::keyClicks(f->Login->lineEdit(), texte);
+    }
+    void cliquerOK(FrmLogin *f) { QTest::mouseClick(f->OK, Qt::LeftButton); }
+
+private slots:
+    void init() {
+        env = std::make_unique<EnvironnementTest>();
+        finsDemandees = 0;
+        Def::definirFinProgramme([this] { ++finsDemandees; });
+    }
+    void cleanup() {
+        Navigation::fermerTout();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        env.reset();
+    }
+
+    void premierCompteCreeSurPlaceSansConnexionPuisConnecte() {
+        FrmLogin *f = ouvrir();
+        QVERIFY(f && f->isVisible());
+        QCOMPARE(f->Login->count(), 0);
+        QCOMPARE(f->L[1]->text(), QStringLiteral("Choisir un compte"));
+        QVERIFY(Messages::affiches().isEmpty());  // no attempt on an empty list
+
+        taperLogin(f, QStringLiteral(" Alice "));
+        taper(f->Pass, QStringLiteral("Secret 1"));
+        Messages::prevoirReponses({true});
+        cliquerOK(f);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Compte inexistant, voulez vous le créer ?")});
+        QCOMPARE(sql("SELECT NumCompte, Login, Pass FROM Compte"),
+                 QStringList{QStringLiteral("1|alice|") + CrypterChamp(QStringLiteral("Secret 1"))});
+        QCOMPARE(f->Login->itemText(0), QStringLiteral(" Alice "));
+        QVERIFY(!Navigation::fenetrePrincipale());  // created, not logged in
+        QVERIFY(!f->OK->estEnfonce());
+
+        cliquerOK(f);
+        QVERIFY(Messages::affiches().isEmpty());
+        QVERIFY(Navigation::fenetrePrincipale());
+        QCOMPARE(Session::NumCompteCourant, 1);
+        QCOMPARE(Session::LoginCourant, QStringLiteral(" Alice "));
+        QCOMPARE(Session::PassCourant, QStringLiteral("Secret 1"));
+        QCOMPARE(Session::ModeLogin, std::optional<int>(0));
+        QCOMPARE(Reglages::lireTexte(Reglages::Cle::Username), QStringLiteral(" Alice "));
+    }
+
+    void choixDansLaListeTentativeSilencieuseEtAsterisques() {
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("abc"));
+        Comptes::creer(2, QStringLiteral("bob"), QStringLiteral("motdepasse"));
+        Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("bob"));
+        FrmLogin *f = ouvrir();
+        QCOMPARE(f->Login->count(), 2);
+        QCOMPARE(f->Login->currentText(), QStringLiteral("bob"));
+        QCOMPARE(f->Pass->text(), QString(20, u'*'));  // twice the stored password's length
+        QVERIFY(Messages::affiches().isEmpty());
+        QVERIFY(!Navigation::fenetrePrincipale());
+
+        // Confirming the dummy is a wrong password.
+        QTest::keyClick(f->Pass, Qt::Key_Return);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez saisir un mot de passe valide !")});
+        QCOMPARE(f->Pass->text(), QString(20, u'*'));
+
+        // Choosing another account fills its dummy, silently.
+        f->Login->setCurrentIndex(0);
+        emit f->Login->activated(0);
+        QCOMPARE(f->Pass->text(), QString(6, u'*'));
+        QVERIFY(Messages::affiches().isEmpty());
+
+        taper(f->Pass, QStringLiteral("abc"));
+        QTest::keyClick(f->Pass, Qt::Key_Return);
+        QVERIFY(Navigation::fenetrePrincipale());
+        QCOMPARE(Session::NumCompteCourant, 1);
+    }
+
+    void nomSauveDansUneAutreCasseRetombeSurLePremier() {
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        Comptes::creer(2, QStringLiteral("bob"), QStringLiteral("b"));
+        Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("BOB"));
+        FrmLogin *f = ouvrir();
+        QCOMPARE(f->Login->currentIndex(), 0);
+        QCOMPARE(f->Pass->text(), QStringLiteral("**"));
+        // A login typed with capitals and blanks finds the stored one.
+        taperLogin(f, QStringLiteral("  BoB"));
+        taper(f->Pass, QStringLiteral("b"));
+        cliquerOK(f);
+        QCOMPARE(Session::NumCompteCourant, 2);
+        QCOMPARE(Session::LoginCourant, QStringLiteral("  BoB"));
+    }
+
+    void unMotDePasseVideConnecteDesLeChargement() {
+        Comptes::creer(1, QStringLiteral("libre"), QString());
+        FrmLogin *f = ouvrir();
+        Q_UNUSED(f);
+        QVERIFY(Navigation::fenetrePrincipale());
+        QVERIFY(Navigation::fenetrePrincipale()->isVisible());
+        QCOMPARE(Session::NumCompteCourant, 1);
+        QVERIFY(Messages::affiches().isEmpty());
+    }
+
+    void entreeDansLoginNeDonneJamaisLeCompteZero() {
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        FrmLogin *f = ouvrir();
+        taperLogin(f, QStringLiteral("o'neil"));
+        taper(f->Pass, QStringLiteral("x"));
+        Messages::prevoirReponses({true});
+        QTest::keyClick(f->Login->lineEdit(), Qt::Key_Return);
+        QCOMPARE(sql("SELECT NumCompte, Login FROM Compte ORDER BY NumCompte"),
+                 (QStringList{QStringLiteral("1|alice"), QStringLiteral("2|o'neil")}));
+        QCOMPARE(f->Login->count(), 2);
+        QCOMPARE(f->Login->itemText(1), QStringLiteral("o'neil"));
+        // Now it logs in, apostrophe and all.
+        QTest::keyClick(f->Login->lineEdit(), Qt::Key_Return);
+        QVERIFY(Navigation::fenetrePrincipale());
+        QCOMPARE(Session::NumCompteCourant, 2);
+    }
+
+    void refusDeCreationEtMotDePasseBlanc() {
+        FrmLogin *f = ouvrir();
+        taperLogin(f, QStringLiteral("zoe"));
+        taper(f->Pass, QStringLiteral("   "));
+        Messages::prevoirReponses({true});
+        cliquerOK(f);
+        QCOMPARE(Messages::affiches(), (QStringList{QStringLiteral("Compte inexistant, voulez vous le créer ?"),
+                                                    QStringLiteral("Veuillez saisir un mot de passe valide et recommencer !")}));
+        Messages::prevoirReponses({false});
+        taper(f->Pass, QStringLiteral("ok"));
+        cliquerOK(f);
+        QCOMPARE(Messages::affiches().size(), 1);
+        QCOMPARE(sql("SELECT count(*) FROM Compte"), QStringList{QStringLiteral("0")});
+    }
+
+    void desTrousDansLesNumerosNeBloquentPasLaListe() {
+        Comptes::creer(2, QStringLiteral("deux"), QStringLiteral("2"));
+        Comptes::creer(7, QStringLiteral("sept"), QStringLiteral("7"));
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("INSERT INTO Compte VALUES (9, NULL, NULL)"));
+        FrmLogin *f = ouvrir();
+        QCOMPARE(f->Login->count(), 2);
+        QCOMPARE(f->Login->itemText(0), QStringLiteral("deux"));
+        QCOMPARE(f->Login->itemText(1), QStringLiteral("sept"));
+        // The next account follows the highest number.
+        taperLogin(f, QStringLiteral("huit"));
+        taper(f->Pass, QStringLiteral("8"));
+        Messages::prevoirReponses({true});
+        cliquerOK(f);
+        QCOMPARE(sql("SELECT NumCompte FROM Compte WHERE Login='huit'"), QStringList{QStringLiteral("10")});
+    }
+
+    void fermerSelonLeMode() {
+        // At program start, closing asks to quit.
+        FrmLogin *f = ouvrir();
+        Messages::prevoirReponses({false});
+        QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Etes-vous sûr de vouloir quitter le programme ?")});
+        QCOMPARE(finsDemandees, 0);
+        QVERIFY(f->isVisible());
+        Messages::prevoirReponses({true});
+        QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
+        QCOMPARE(finsDemandees, 1);
+        QCOMPARE(Messages::affiches().size(), 1);
+
+        // Opened to create an account: own heading, no selection, closing goes back.
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        Session::ModeLogin = 1;
+        f = ouvrir();
+        QCOMPARE(f->L[1]->text(), QStringLiteral("Créer un nouveau compte"));
+        QCOMPARE(f->Login->currentIndex(), -1);
+        QCOMPARE(f->Pass->text(), QString());
+        QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
+        QVERIFY(Messages::affiches().isEmpty());
+        QVERIFY(Navigation::fenetrePrincipale());
+
+        // Opened to change account: the first entry is chosen, closing goes back.
+        Session::ModeLogin = 2;
+        f = ouvrir();
+        QVERIFY(!Navigation::fenetrePrincipale());
+        QCOMPARE(f->L[1]->text(), QStringLiteral("Choisir un compte"));
+        QCOMPARE(f->Login->currentIndex(), 0);
+        QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
+        QVERIFY(Navigation::fenetrePrincipale());
+    }
+
+    void laFenetreSeDeplaceParSonCadre() {
+        FrmLogin *f = ouvrir();
+        f->move(100, 100);
+        const QPoint depart = f->pos();
+        QTest::mousePress(f->L[3], Qt::LeftButton, {}, QPoint(5, 5));
+        QMouseEvent deplacement(QEvent::MouseMove, QPointF(45, 35), f->L[3]->mapToGlobal(QPointF(45, 35)), Qt::NoButton,
+                                Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(f->L[3], &deplacement);
+        QTest::mouseRelease(f->L[3], Qt::LeftButton, {}, QPoint(45, 35));
+        QCOMPARE(f->pos() - depart, QPoint(40, 30));
+    }
+};
+
+QTEST_MAIN(TestFrmLogin)
+#include "tst_frmlogin.moc"

@@ -1,0 +1,65 @@
+// The window kit: numbered strings, latching picture buttons, the frame.
+
+#include "ui/BoutonImage.h"
+#include "ui/Chaines.h"
+#include "ui/FenetreCadre.h"
+
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+
+class TestKit : public QObject {
+    Q_OBJECT
+private slots:
+    void lesChainesNumeroteesGardentLeursBlancs() {
+        QCOMPARE(Chaine(118), QStringLiteral("Gestionnaire des mots de passe") + QString(88, u' '));
+        QCOMPARE(Chaine(138), QString(19, u' ') + QStringLiteral("Avez-vous sauvegardé la base en cours ?"));
+        QCOMPARE(Chaine(154), QStringLiteral(" Le gestionnaire des mots de passe"));
+        QCOMPARE(Chaine(962), QStringLiteral("Les fichiers "));
+        QCOMPARE(Chaine(939), QStringLiteral("Modifier les informations d'un document"));
+        for (int i = 924; i <= 940; ++i) QVERIFY2(!Chaine(i).isEmpty(), qPrintable(QString::number(i)));
+        QCOMPARE(Chaine(1), QString());
+    }
+
+    void unBoutonResteEnfonceJusquAuGestionnaire() {
+        BoutonImage b;
+        b.resize(30, 30);
+        b.show();
+        int actions = 0;
+        connect(&b, &QAbstractButton::clicked, &b, [&] {
+            if (!b.estEnfonce()) return;
+            ++actions;
+            b.relacher();
+        });
+        QTest::mouseClick(&b, Qt::LeftButton);
+        QCOMPARE(actions, 1);
+        QVERIFY(!b.estEnfonce());
+        // A handler that does not release leaves it latched; the next click then does nothing.
+        disconnect(&b, nullptr, nullptr, nullptr);
+        QTest::mouseClick(&b, Qt::LeftButton);
+        QVERIFY(b.estEnfonce());
+        connect(&b, &QAbstractButton::clicked, &b, [&] {
+            if (b.estEnfonce()) ++actions;
+        });
+        QTest::mouseClick(&b, Qt::LeftButton);
+        QCOMPARE(actions, 1);
+    }
+
+    void leCadreEntoureLeContenuEtSeFermeParSonBouton() {
+        FenetreCadre f;
+        f.definirTailleContenu(QSize(300, 200));
+        f.show();
+        QCOMPARE(f.FondBleu->size(), QSize(300, 200));
+        QCOMPARE(f.Fond[0]->height(), FenetreCadre::kHautEntete);
+        QCOMPARE(f.EnteteB->geometry().bottom(), f.height() - 1);
+        QCOMPARE(f.Im_Commande->toolTip(), QStringLiteral("Fermer"));
+        QVERIFY(!(f.windowFlags() & Qt::WindowTitleHint) || (f.windowFlags() & Qt::FramelessWindowHint));
+        QSignalSpy fermeture(&f, &FenetreCadre::fermetureDemandee);
+        QTest::mouseClick(f.Im_Commande, Qt::LeftButton);
+        QCOMPARE(fermeture.count(), 1);
+        QVERIFY(!f.Im_Commande->estEnfonce());
+    }
+};
+
+QTEST_MAIN(TestKit)
+#include "tst_kit.moc"
