@@ -6,6 +6,7 @@
 #include "store/Chemins.h"
 #include "store/Comptes.h"
 #include "store/FrmLogin.h"
+#include "store/FrmModifLogin.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "ui/Messages.h"
@@ -41,6 +42,7 @@ int main(int argc, char *argv[]) {
     Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("secret"));
     Comptes::creer(2, QStringLiteral("bruno"), QStringLiteral("azerty"));
     Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
+    Reglages::ecrire(Reglages::Cle::Demarrage, 1);  // leave the user's desktop associations alone
 
     bool ok = true;
     Navigation::afficherLogin();
@@ -57,6 +59,9 @@ int main(int argc, char *argv[]) {
     Session::PassCourant = QStringLiteral("secret");
     Navigation::afficherPrincipale();
     ok &= enregistrer(Navigation::fenetrePrincipale(), sortie, QStringLiteral("main"));
+
+    FrmModifLogin modif;
+    ok &= enregistrer(&modif, sortie, QStringLiteral("modif_login"));
     Navigation::fermerTout();
     return ok ? 0 : 1;
 }

@@ -8,6 +8,8 @@
 #include "store/Session.h"
 #include "ui/Messages.h"
 
+#include <QFile>
+#include <QList>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -15,16 +17,26 @@ class EnvironnementTest {
 public:
     explicit EnvironnementTest(bool avecBase = true) {
         Chemins::definirDossierProgramme(dossier.path());
+        // The desktop's folders too: the file association writes there.
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) {
+            anciens.append(qgetenv(variable));
+            qputenv(variable, QFile::encodeName(dossier.filePath(QString::fromLatin1(variable).toLower())));
+        }
         Reglages::definirDossier(dossier.filePath(QStringLiteral("config")));
         Session::reinitialiser();
         Messages::preparerPourTests();
         if (avecBase) Base::preparerBase();
     }
     ~EnvironnementTest() {
+        qputenv("XDG_DATA_HOME", anciens.value(0));
+        qputenv("XDG_CONFIG_HOME", anciens.value(1));
         Chemins::definirDossierProgramme(QString());
         Reglages::definirDossier(QString());
     }
     QString chemin(const QString &nom) const { return dossier.filePath(nom); }
 
     QTemporaryDir dossier;
+
+private:
+    QList<QByteArray> anciens;
 };

@@ -1,0 +1,117 @@
+#include "FrmModifLogin.h"
+
+#include "Base.h"
+#include "Comptes.h"
+#include "Session.h"
+#include "ui/Art.h"
+#include "ui/BoutonImage.h"
+#include "ui/Chaines.h"
+#include "ui/Messages.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+
+FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
+    setObjectName(QStringLiteral("FrmModifLogin"));
+    setWindowTitle(Messages::kTitre);
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    definirTailleContenu(QSize(380, 180));
+    centrer();
+
+    L[1] = entete;
+    L[1]->setText(QStringLiteral("Modification du mot de passe"));
+    L[0] = new QLabel(QStringLiteral("Vérification"), FondBleu);
+    auto *libelleLogin = new QLabel(QStringLiteral("Login"), FondBleu);
+    auto *libellePass = new QLabel(QStringLiteral("Password"), FondBleu);
+    for (QLabel *l : {L[0], libelleLogin, libellePass}) {
+        l->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
+        activerDeplacement(l);
+    }
+    auto *image = new QLabel(FondBleu);
+    image->setPixmap(Art::pixmap(QStringLiteral("korvane"), QSize(64, 64)));
+    activerDeplacement(image);
+
+    Login = new QLineEdit(FondBleu);
+    Login->setObjectName(QStringLiteral("Login"));
+    Login->setReadOnly(true);
+    Pass = new QLineEdit(FondBleu);
+    Pass->setObjectName(QStringLiteral("Pass"));
+    Pass2 = new QLineEdit(FondBleu);
+    Pass2->setObjectName(QStringLiteral("Pass2"));
+    for (QLineEdit *e : {Pass, Pass2}) {
+        e->setEchoMode(QLineEdit::Password);
+        e->installEventFilter(this);
+        connect(e, &QLineEdit::returnPressed, this, [this] {
+            OK->enfoncer();
+            clicOK();
+        });
+    }
+
+    OK = new BoutonImage(FondBleu);
+    OK->setObjectName(QStringLiteral("OK"));
+    OK->definirArt(QStringLiteral("ok"), QSize(24, 24));
+    OK->setText(QStringLiteral("OK"));
+    OK->setToolTip(QStringLiteral("Valider"));
+    connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
+
+    image->setGeometry(18, 30, 64, 64);
+    libelleLogin->setGeometry(100, 16, 90, 24);
+    Login->setGeometry(190, 16, 170, 26);
+    libellePass->setGeometry(100, 52, 90, 24);
+    Pass->setGeometry(190, 52, 170, 26);
+    L[0]->setGeometry(100, 88, 90, 24);
+    Pass2->setGeometry(190, 88, 170, 26);
+    OK->setGeometry(286, 134, 74, 32);
+    setTabOrder(Login, Pass);
+    setTabOrder(Pass, Pass2);
+    EnteteB->definirTexte(Chaine(154).trimmed());
+
+    Login->setText(Session::LoginCourant);
+    Pass->setText(QString(Session::PassCourant.size() * 2, u'*'));
+
+    connect(this, &FenetreCadre::fermetureDemandee, this, &QWidget::close);
+}
+
+void FrmModifLogin::executer() {
+    setWindowModality(Qt::ApplicationModal);
+    show();
+    QEventLoop boucle;
+    connect(this, &FrmModifLogin::fermee, &boucle, &QEventLoop::quit);
+    boucle.exec();
+}
+
+void FrmModifLogin::closeEvent(QCloseEvent *e) {
+    FenetreCadre::closeEvent(e);
+    emit fermee();
+}
+
+void FrmModifLogin::clicOK() {
+    if (OK->estEnfonce()) ChercherLogin();
+    OK->relacher();
+}
+
+void FrmModifLogin::ChercherLogin() {
+    try {
+        const QString cle = Comptes::cleLogin(Login->text());
+        if (!Comptes::chercher(cle)) return;
+        if (Pass->text() != Pass2->text()) {
+            Messages::information(QStringLiteral("Veuillez saisir un mot de passe valide et recommencer !"));
+            return;
+        }
+        Comptes::changerMotDePasse(cle, Pass->text());
+        Session::PassCourant = Pass->text();
+        Messages::information(QStringLiteral("Votre nouveau mot de passe a été pris en compte !"));
+        close();
+    } catch (const Base::ErreurBase &e) {
+        Messages::information(e.message());
+    }
+}
+
+bool FrmModifLogin::eventFilter(QObject *objet, QEvent *evenement) {
+    if ((objet == Pass || objet == Pass2) && evenement->type() == QEvent::FocusIn)
+        QTimer::singleShot(0, static_cast<QLineEdit *>(objet), &QLineEdit::selectAll);
+    return FenetreCadre::eventFilter(objet, evenement);
+}

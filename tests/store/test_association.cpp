@@ -1,0 +1,70 @@
+#include "store/Def.h"
+#include "support/EnvironnementTest.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+namespace {
+
+QString lire(const QString &chemin) {
+    QFile f(chemin);
+    f.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(f.readAll());
+}
+
+QString sortieDe(const QString &outil, const QStringList &arguments) {
+    QProcess p;
+    p.start(outil, arguments);
+    p.waitForFinished(20000);
+    return QString::fromUtf8(p.readAllStandardOutput()).trimmed();
+}
+
+}  // namespace
+
+TEST(Association, EnregistreLeTypeLEntreeLIconeEtLApplicationParDefaut) {
+    EnvironnementTest env(false);
+    const QDir donnees(qEnvironmentVariable("XDG_DATA_HOME"));
+    const QDir config(qEnvironmentVariable("XDG_CONFIG_HOME"));
+    ASSERT_TRUE(donnees.absolutePath().startsWith(env.dossier.path()));
+
+    // The user's other choices survive.
+    QDir().mkpath(config.absolutePath());
+    {
+        QFile f(config.filePath("mimeapps.list"));
+        f.open(QIODevice::WriteOnly);
+        f.write("[Default Applications]\ntext/plain=editeur.desktop\napplication/x-korvane=ancien.desktop\n");
+    }
+    AssocierExtension();
+
+    const QString mime = lire(donnees.filePath("mime/packages/korvane.xml"));
+    EXPECT_TRUE(mime.contains("<glob pattern=\"*.kvx\"/>"));
+    EXPECT_TRUE(mime.contains("<comment>Korvane</comment>"));
+
+    const QString entree = lire(donnees.filePath("applications/korvane.desktop"));
+    EXPECT_TRUE(entree.contains("MimeType=application/x-korvane;"));
+    EXPECT_TRUE(entree.contains("Exec=\"" + QCoreApplication::applicationFilePath() + "\" %f\n")) << entree.toStdString();
+    EXPECT_TRUE(entree.contains("Icon=korvane"));
+    EXPECT_TRUE(QFile::exists(donnees.filePath("icons/hicolor/scalable/apps/korvane.svg")));
+    EXPECT_TRUE(QFile::exists(donnees.filePath("icons/hicolor/48x48/apps/korvane.png")));
+
+    const QString liste = lire(config.filePath("mimeapps.list"));
+    EXPECT_TRUE(liste.contains("text/plain=editeur.desktop"));
+    EXPECT_TRUE(liste.contains("application/x-korvane=korvane.desktop\n"));
+    EXPECT_FALSE(liste.contains("ancien.desktop"));
+
+    // Twice is the same as once.
+    AssocierExtension();
+    EXPECT_EQ(lire(config.filePath("mimeapps.list")), liste);
+
+    // What the desktop itself answers, where its tools are installed.
+    if (!QStandardPaths::findExecutable("xdg-mime").isEmpty() && !QStandardPaths::findExecutable("update-mime-database").isEmpty()) {
+        const QString fichier = env.chemin("coffre.kvx");
+        QFile(fichier).open(QIODevice::WriteOnly);
+        EXPECT_EQ(sortieDe("xdg-mime", {"query", "filetype", fichier}), "application/x-korvane");
+        EXPECT_EQ(sortieDe("xdg-mime", {"query", "default", "application/x-korvane"}), "korvane.desktop");
+    }
+}

@@ -1,0 +1,112 @@
+// The password change, through the real window, then a login with the new password.
+
+#include "app/Navigation.h"
+#include "store/Comptes.h"
+#include "store/Cryptage.h"
+#include "store/FrmLogin.h"
+#include "store/FrmModifLogin.h"
+#include "support/BaseSql.h"
+#include "support/EnvironnementTest.h"
+#include "ui/BoutonImage.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <memory>
+
+class TestFrmModifLogin : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<EnvironnementTest> env;
+
+    QStringList passStocke() { return BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT Pass FROM Compte WHERE NumCompte=1")); }
+    void taper(QLineEdit *e, const QString &t) {
+        e->clear();
+        QTest::keyClicks(e, t);
+    }
+
+private slots:
+    void init() {
+        env = std::make_unique<EnvironnementTest>();
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("ancien"));
+        Session::NumCompteCourant = 1;
+        Session::LoginCourant = QStringLiteral(" Alice");  // as typed at login
+        Session::PassCourant = QStringLiteral("ancien");
+        Session::ModeLogin = 0;
+    }
+    void cleanup() {
+        Navigation::fermerTout();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        env.reset();
+    }
+
+    void changementPuisConnexionAvecLeNouveau() {
+        FrmModifLogin f;
+        f.show();
+        QCOMPARE(f.Login->text(), QStringLiteral(" Alice"));
+        QVERIFY(f.Login->isReadOnly());
+        QCOMPARE(f.Pass->text(), QString(12, u'*'));
+        QCOMPARE(f.Pass2->text(), QString());
+        QCOMPARE(f.L[0]->text(), QStringLiteral("Vérification"));
+        QCOMPARE(f.L[1]->text(), QStringLiteral("Modification du mot de passe"));
+
+        // Clicking OK alone is a mismatch: the starting asterisks against an empty box.
+        QTest::mouseClick(f.OK, Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez saisir un mot de passe valide et recommencer !")});
+        QVERIFY(f.isVisible());
+        QCOMPARE(passStocke(), QStringList{CrypterChamp(QStringLiteral("ancien"))});
+
+        taper(f.Pass, QStringLiteral("Nouveau 2"));
+        taper(f.Pass2, QStringLiteral("Nouveau 2"));
+        QTest::keyClick(f.Pass2, Qt::Key_Return);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Votre nouveau mot de passe a été pris en compte !")});
+        QVERIFY(!f.isVisible());
+        QVERIFY(!f.OK->estEnfonce());
+        QCOMPARE(Session::PassCourant, QStringLiteral("Nouveau 2"));
+        QCOMPARE(passStocke(), QStringList{CrypterChamp(QStringLiteral("Nouveau 2"))});
+
+        // The login window now wants the new password and refuses the old one.
+        Session::ModeLogin = 2;
+        Navigation::afficherLogin();
+        FrmLogin *login = Navigation::fenetreLogin();
+        taper(login->Pass, QStringLiteral("ancien"));
+        QTest::keyClick(login->Pass, Qt::Key_Return);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez saisir un mot de passe valide !")});
+        taper(login->Pass, QStringLiteral("Nouveau 2"));
+        QTest::keyClick(login->Pass, Qt::Key_Return);
+        QVERIFY(Navigation::fenetrePrincipale());
+        QCOMPARE(Session::PassCourant, QStringLiteral("Nouveau 2"));
+    }
+
+    void deuxBoitesVidesDonnentLeMotDePasseVide() {
+        FrmModifLogin f;
+        f.show();
+        f.Pass->clear();
+        QTest::keyClick(f.Pass, Qt::Key_Return);
+        QCOMPARE(Messages::affiches().size(), 1);
+        QCOMPARE(passStocke(), QStringList{QString()});
+        // Blanks alone are accepted here, unlike at account creation.
+        FrmModifLogin g;
+        g.show();
+        taper(g.Pass, QStringLiteral("   "));
+        taper(g.Pass2, QStringLiteral("   "));
+        QTest::mouseClick(g.OK, Qt::LeftButton);
+        QCOMPARE(passStocke(), QStringList{CrypterChamp(QStringLiteral("   "))});
+    }
+
+    void fermerNeChangeRien() {
+        FrmModifLogin f;
+        f.show();
+        taper(f.Pass, QStringLiteral("x"));
+        taper(f.Pass2, QStringLiteral("x"));
+        QTest::mouseClick(f.Im_Commande, Qt::LeftButton);
+        QVERIFY(!f.isVisible());
+        QCOMPARE(passStocke(), QStringList{CrypterChamp(QStringLiteral("ancien"))});
+        QCOMPARE(Session::PassCourant, QStringLiteral("ancien"));
+        QVERIFY(Messages::affiches().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestFrmModifLogin)
+#include "tst_frmmodiflogin.moc"
