@@ -1,0 +1,38 @@
+#pragma once
+// An ordered list of pictures, each with a key and a tag: the icon library as the
+// grid and the main window hold it in memory. Pictures are numbered from 1, and a
+// document names its icon by that number.
+
+#include <QImage>
+#include <QList>
+#include <QString>
+
+class ListeImages {
+public:
+    struct Entree {
+        QString cle;  // "A " + Num
+        QImage image;  // null when the stored bytes were no picture
+        QString tag;   // Libelle
+    };
+
+    void vider();
+    void ajouter(const QString &cle, const QImage &image, const QString &tag = QString());
+    int nombre() const { return int(entrees_.size()); }
+    bool existe(int numero) const { return numero >= 1 && numero <= nombre(); }
+    // nullptr for a number the list lacks.
+    const Entree *entree(int numero) const { return existe(numero) ? &entrees_[numero - 1] : nullptr; }
+    QImage image(int numero) const { return existe(numero) ? entrees_[numero - 1].image : QImage(); }
+
+    // Replaced by the Icones table of the base, in the order of Num then Libelle.
+    // An icon whose bytes don't load keeps its place with a null picture, so that
+    // the numbers of the icons after it stay right. False, and the list empty,
+    // when the base can't be read.
+    bool chargerBase();
+
+    // Goes up at each change, for whoever keeps copies of the pictures.
+    quint64 generation() const { return generation_; }
+
+private:
+    QList<Entree> entrees_;
+    quint64 generation_ = 0;
+};

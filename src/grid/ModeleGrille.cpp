@@ -1,0 +1,298 @@
+// Rows of the tree and what a click does to them.
+#include "ModeleGrille.h"
+
+using grille::nombre;
+using grille::Source;
+
+namespace {
+
+constexpr int kHauteurTitre = 370;    // twips
+constexpr int kHauteurSection = 340;
+constexpr int kHauteurDossier = 370;
+constexpr int kHauteurDocument = 240;
+
+// Pictures of the fixed list.
+constexpr int kImageDossier = 1;
+constexpr int kImageFerme = 4;
+constexpr int kImageOuvert = 5;
+constexpr int kImageBandeSection = 7;
+constexpr int kImageBandeTitre = 8;
+
+// Hidden columns of a row.
+constexpr int kColType = 11;   // "P" folder, "F" document
+constexpr int kColEtat = 12;   // folder: "B" open, "A" closed; document: its folder's number
+constexpr int kColNumero = 13; // folder: its number; document: its icon
+constexpr int kColCle1 = 15;   // 15 to 17: the keys of the base
+
+const QString kParent = QStringLiteral("P");
+const QString kFils = QStringLiteral("F");
+const QString kOuvert = QStringLiteral("B");
+const QString kFerme = QStringLiteral("A");
+
+}  // namespace
+
+ModeleGrille::ModeleGrille() {
+    flxGrd.ColWidth(0, 270);
+    flxGrd.ColWidth(1, 270);
+    flxGrd.ColWidth(2, 50);
+}
+
+QString ModeleGrille::texte(int ligne, int colonne) const {
+    return flxGrd.existe(ligne, colonne) ? flxGrd.cellule(ligne, colonne).texte : QString();
+}
+
+void ModeleGrille::ecrire(int ligne, int colonne, const QString &valeur) {
+    if (flxGrd.existe(ligne, colonne)) flxGrd.cellule(ligne, colonne).texte = valeur;
+}
+
+int ModeleGrille::ligneParent(int numero) const {
+    return numero >= 0 && numero < NbParents && size_t(numero) < LignesParents.size() ? LignesParents[size_t(numero)] : -1;
+}
+
+void ModeleGrille::AddTitle(const QString &Titre) {
+    Redraw(false);
+    ++NbLignes;
+    flxGrd.AddItem(0);
+    flxGrd.RowHeight(0, kHauteurTitre);
+    const QString t = Titre + QStringLiteral("  ");
+    for (int c = 0; c < grille::kColonnes; ++c) {
+        grille::Cellule &cel = flxGrd.cellule(0, c);
+        cel.alignement = grille::GaucheHaut;
+        cel.gras = true;
+        cel.taillePolice = 11;
+        cel.couleurTexte = CouleurTitre;
+        cel.texte = t;
+        cel.definirImage(Source::Titre, kImageBandeTitre);
+    }
+    // Equal texts side by side show as one title across the row.
+    flxGrd.MergeRow(0, true);
+    Redraw(true);
+}
+
+void ModeleGrille::AddSection(const QStringList &Titres, int Image1, int Image2) {
+    Redraw(false);
+    ++NbLignes;
+    flxGrd.AddItem(0);
+    flxGrd.RowHeight(0, kHauteurSection);
+    int indice = 0;
+    for (int c = 0; c < grille::kColonnes; ++c) {
+        grille::Cellule &cel = flxGrd.cellule(0, c);
+        cel.couleurTexte = CouleurSection;
+        if (c <= 2) {
+            cel.alignement = grille::GaucheCentre;
+            cel.definirImage(Source::Titre, kImageBandeSection);
+            if (c > 0) cel.alignementImage = grille::CentreCentre;
+        } else if (indice < Titres.size()) {
+            cel.texte = Titres[indice++];
+            cel.gras = true;
+            cel.definirImage(Source::Titre, kImageBandeSection);
+        }
+    }
+    flxGrd.MergeRow(0, true);
+    // Crosswise: each test reads one argument and the picture takes the other.
+    if (Image1 > 0) flxGrd.cellule(0, 1).definirImage(Source::Titre, Image2);
+    if (Image2 > 0) flxGrd.cellule(0, 2).definirImage(Source::Titre, Image1);
+    Redraw(true);
+}
+
+void ModeleGrille::AddParent(const QString &Nom, QVariant &Cle) {
+    Redraw(false);
+    const int ligne = flxGrd.Rows();
+    flxGrd.definirRows(ligne + 1);
+    grille::Cellule &etat = flxGrd.cellule(ligne, 0);
+    etat.alignementImage = grille::CentreCentre;
+    etat.definirImage(Source::Titre, kImageOuvert);
+    grille::Cellule &nom = flxGrd.cellule(ligne, 1);
+    nom.alignement = grille::GaucheCentre;
+    nom.couleurTexte = CouleurParent;
+    nom.definirImage(Source::Titre, kImageDossier);
+    nom.texte = Nom;
+    // The name repeated over the field columns merges into one wide cell.
+    for (int i = 0; i <= nbColonnes_; ++i) ecrire(ligne, 2 + i, Nom);
+    flxGrd.MergeRow(ligne, true);
+    ecrire(ligne, kColType, kParent);
+    ecrire(ligne, kColEtat, kOuvert);
+    ecrire(ligne, kColNumero, QString::number(NbParents));
+    ecrire(ligne, kColCle1 + 2, Cle.toString());
+    flxGrd.RowHeight(ligne, kHauteurDossier);
+    LignesParents.resize(size_t(NbParents) + 1);
+    LignesParents[size_t(NbParents)] = ligne;
+    Cle = NbParents;
+    ++NbParents;
+    ++NbLignes;
+    Redraw(true);
+}
+
+void ModeleGrille::AddFils(const QStringList &Infos, int &Parent, int Icone, int Icone2, const QString &Cle1,
+                           const QString &Cle2, const QString &Cle3) {
+    if (Parent < 0 || size_t(Parent) >= LignesParents.size()) return;  // no such folder: nothing to add to
+    Redraw(false);
+    // Right below the folder: each new document comes above those added before.
+    const int ligne = qBound(0, LignesParents[size_t(Parent)] + 1, flxGrd.Rows());
+    // The two line colours are read in turn but never painted; the turn is kept.
+    (void)(AlternanceLigne ? lineColor2_ : lineColor1_);
+    AlternanceLigne = !AlternanceLigne;
+    flxGrd.AddItem(ligne);
+    for (int i = 0; i < Infos.size() && 3 + i < grille::kColonnes; ++i) {
+        grille::Cellule &cel = flxGrd.cellule(ligne, 3 + i);
+        cel.alignement = grille::GaucheCentre;
+        cel.texte = Infos[i];
+        cel.couleurTexte = CouleurFils;
+    }
+    if (Icone > 0) {
+        grille::Cellule &icone = flxGrd.cellule(ligne, 1);
+        icone.alignementImage = grille::CentreCentre;
+        icone.definirImage(Source::Contenu, Icone);
+    }
+    const QString donnees[] = {kFils, QString::number(Parent), QString::number(Icone), QString::number(Icone2)};
+    for (int i = 0; i < 4; ++i) {
+        grille::Cellule &cel = flxGrd.cellule(ligne, kColType + i);
+        cel.texte = donnees[i];
+        cel.alignement = grille::GaucheCentre;
+    }
+    ecrire(ligne, kColCle1, Cle1);
+    ecrire(ligne, kColCle1 + 1, Cle2);
+    ecrire(ligne, kColCle1 + 2, Cle3);
+    ++NbLignes;
+    ++Parent;
+    // The folders below moved down by one row.
+    for (size_t k = size_t(Parent); k < LignesParents.size(); ++k) ++LignesParents[k];
+    Redraw(true);
+}
+
+void ModeleGrille::DelParent(int Ligne) {
+    flxGrd.RemoveItem(Ligne);
+    if (redraw_) demanderAffichage();
+}
+
+void ModeleGrille::DelFils(int Ligne) {
+    flxGrd.RemoveItem(Ligne);
+    if (redraw_) demanderAffichage();
+}
+
+void ModeleGrille::Clear() {
+    flxGrd.Clear();
+    NbLignes = 0;
+    LignesParents.assign(1, 0);
+    NbParents = 0;
+    if (redraw_) demanderAffichage();
+}
+
+bool ModeleGrille::IsLigneParent(int Ligne) const { return texte(Ligne, kColType) == kParent; }
+
+QString ModeleGrille::GetParentEtat(int Ligne) const { return texte(Ligne, kColEtat); }
+
+bool ModeleGrille::HasLigneFils(int Ligne) const {
+    // Asked before a folder is deleted: the answer must hold whatever row the
+    // grid last looked at, so that a folder with documents is never deleted.
+    if (!flxGrd.existe(Ligne) || !flxGrd.existe(Ligne + 1)) return false;
+    return texte(Ligne + 1, kColType) != kParent;
+}
+
+void ModeleGrille::SelectLine(int Ligne) {
+    if (!flxGrd.existe(Ligne)) return;
+    ligneSel_ = Ligne;
+    logiqueClic();
+}
+
+void ModeleGrille::Expend(bool Fermer) {
+    const QString aBasculer = Fermer ? kOuvert : kFerme;
+    for (size_t k = 0; k < LignesParents.size(); ++k) {
+        const int ligne = LignesParents[k];
+        if (!flxGrd.existe(ligne) || texte(ligne, kColEtat) != aBasculer) continue;
+        ligneSel_ = ligne;
+        logiqueClic();
+    }
+}
+
+void ModeleGrille::logiqueClic() {
+    // Rows noted before a Clear may be gone: each step on such a row does nothing.
+    auto mettreGras = [this](int ligne, bool gras) {
+        if (flxGrd.existe(ligne, 1)) flxGrd.cellule(ligne, 1).gras = gras;
+    };
+    const int ligne = ligneSel_;
+    LigneCourante = ligne;
+    Redraw(false);
+    if (IsLigneParent(ligne)) {
+        if (LigneGras > 0) mettreGras(LigneGras, false);
+        mettreGras(ligne, true);
+        LigneGras = LigneCourante;
+        const int numero = nombre(texte(ligne, kColNumero));
+        // The children end before the next folder's row, or with the grid.
+        int limite = 0;
+        if (numero >= 0 && size_t(numero) + 1 < LignesParents.size()) limite = LignesParents[size_t(numero) + 1] + 1;
+        if (GetParentEtat(ligne) == kOuvert) {
+            FermerParent(ligne, limite);
+            ecrire(ligne, kColEtat, kFerme);
+        } else {
+            OuvrirParent(ligne, limite);
+            ecrire(ligne, kColEtat, kOuvert);
+        }
+    } else {
+        MarquerLigne();
+        LigneMarquee = ligne;
+        // The document's folder takes the bold mark.
+        for (int r = ligne; r >= 2; --r) {
+            if (!IsLigneParent(r)) continue;
+            if (LigneGras > 0) mettreGras(LigneGras, false);
+            LigneGras = r;
+            mettreGras(r, true);
+            break;
+        }
+    }
+    Redraw(true);
+    leverClick();
+}
+
+void ModeleGrille::FermerParent(int Ligne, int limite) {
+    if (!flxGrd.existe(Ligne)) return;
+    flxGrd.cellule(Ligne, 0).definirImage(Source::Titre, kImageFerme);
+    const int dernier = qMin(limite != 0 ? limite - 2 : flxGrd.Rows() - 1, flxGrd.Rows() - 1);
+    if (Ligne >= dernier) {
+        // Nothing to hide: the folder keeps the open picture.
+        flxGrd.cellule(Ligne, 0).definirImage(Source::Titre, kImageOuvert);
+        return;
+    }
+    for (int r = Ligne + 1; r <= dernier; ++r) {
+        flxGrd.RowHeight(r, 0);
+        // The icon is parked as its number in columns 1 and 2 until the folder opens.
+        const QString icone = QString::number(nombre(texte(r, kColNumero)));
+        for (int c = 1; c <= 2; ++c) {
+            flxGrd.cellule(r, c).texte = icone;
+            flxGrd.cellule(r, c).effacerImage();
+        }
+        for (int c = 0; c < grille::kColonnes; ++c) flxGrd.cellule(r, c).couleurTexte = flxGrd.BackColorBkg;
+    }
+    Refresh();
+}
+
+void ModeleGrille::OuvrirParent(int Ligne, int limite) {
+    if (!flxGrd.existe(Ligne)) return;
+    flxGrd.cellule(Ligne, 0).definirImage(Source::Titre, kImageOuvert);
+    const int dernier = qMin(limite != 0 ? limite - 2 : flxGrd.Rows() - 1, flxGrd.Rows() - 1);
+    for (int r = Ligne + 1; r <= dernier; ++r) {
+        grille::Cellule &icone = flxGrd.cellule(r, 1);
+        const int numero = nombre(icone.texte);
+        if (numero > 0) icone.definirImage(Source::Contenu, numero);
+        icone.texte.clear();
+        flxGrd.cellule(r, 2).texte.clear();
+        flxGrd.RowHeight(r, kHauteurDocument);
+        for (int c = 0; c < grille::kColonnes; ++c) flxGrd.cellule(r, c).couleurTexte = CouleurFils;
+    }
+    Refresh();
+}
+
+void ModeleGrille::MarquerLigne() {
+    const int ligne = ligneSel_;
+    if (LigneMarquee > 0 && flxGrd.existe(LigneMarquee)) {
+        const int ancienne = nombre(CouleurMarquee);
+        for (int c = 3; c < grille::kColonnes; ++c) flxGrd.cellule(LigneMarquee, c).couleurFond = ancienne;
+    }
+    if (!flxGrd.existe(ligne)) return;
+    // A cell colour of 0 means "none of its own": pure black becomes the nearest
+    // colour that still shows.
+    if (CouleurSelection == 0) CouleurSelection = 1;
+    // Only column 4's colour is kept, and given back to all the columns alike.
+    CouleurMarquee = QString::number(flxGrd.cellule(ligne, 4).couleurFond);
+    for (int c = 3; c < grille::kColonnes; ++c) flxGrd.cellule(ligne, c).couleurFond = CouleurSelection;
+}

@@ -1,0 +1,145 @@
+#pragma once
+// The logic of MyCoolGrid, apart from any widget: a two-level tree of folders and
+// documents drawn as marks into a flat grid of 20 cells a row.
+//
+// Row 0 is the title, row 1 the section with the column titles, then each folder
+// row ("P" in column 11) followed by its document rows ("F"). Columns 0 to 2 hold
+// pictures, 3 to 10 the eight fields, 11 to 19 the hidden data of the row: its kind,
+// the folder's state or number, icon numbers and the keys of the base. Everything a
+// caller wants to know of a row is read back from the cells.
+//
+// Rows and columns that don't exist are refused quietly: reading gives the empty
+// text, writing does nothing, and the grid stays usable.
+
+#include "grid/Grille.h"
+#include "grid/ListeImages.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <array>
+#include <vector>
+
+class ModeleGrille {
+public:
+    ModeleGrille();
+    virtual ~ModeleGrille() = default;
+
+    int LigneCourante = 0;  // row of the last click; the exports move it too
+    int NbLignes = 0;       // rows added since the last Clear; deletions don't count
+
+    // Rows and operations.
+    void AddTitle(const QString &Titre);
+    void AddSection(const QStringList &Titres, int Image1, int Image2);
+    // Cle comes in as the folder's key of the base (kept in column 17) and goes
+    // out as the folder's number in the grid, the one AddFils takes.
+    void AddParent(const QString &Nom, QVariant &Cle);
+    // Parent is the folder's number; it is one higher on return.
+    void AddFils(const QStringList &Infos, int &Parent, int Icone, int Icone2, const QString &Cle1,
+                 const QString &Cle2, const QString &Cle3);
+    void DelParent(int Ligne);
+    void DelFils(int Ligne);
+    void Expend(bool Fermer);
+    QString GetParentEtat(int Ligne) const;
+    bool HasLigneFils(int Ligne) const;
+    bool IsLigneParent(int Ligne) const;
+    void SelectLine(int Ligne);  // as a click on the row would, Click included
+    void Clear();
+    // limite is the row after the next folder's row, or 0 for the last folder.
+    void OuvrirParent(int Ligne, int limite);
+    void FermerParent(int Ligne, int limite);
+    void MarquerLigne();
+
+    // Colours, pictures and widths.
+    void ChargerParamCouleurs();
+    bool ChargerIconesDatabase();  // false, and no icons, when the base can't be read
+    void ReChargerIcones(const ListeImages &source);
+    void ReDessiner();
+    void Refresh();
+    void Redimensionner(int largeurInterieure);  // in pixels
+
+    // Cell access. Geometry is in pixels: the cell's width, its top from the top of
+    // the control as it is scrolled, and its height (0 inside a closed folder).
+    bool SetColumnInfos(int Ligne, int Colonne, const QVariant &Valeur);
+    void MajColumnInfos(int Ligne, int Colonne, const QVariant &Valeur);
+    QString GetColumnInfos(int Ligne, int Colonne);
+    QString GetColumnInfos(int Ligne, int Colonne, int &Largeur, int &Haut, int &Hauteur);
+
+    // Properties.
+    int NbColonnes() const { return nbColonnes_; }
+    void NbColonnes(int valeur) { nbColonnes_ = valeur; }
+    int Backcolor() const { return backcolor_; }
+    void Backcolor(int valeur);
+    int GridColor() const { return gridColor_; }
+    void GridColor(int valeur);
+    int LineColor1() const { return lineColor1_; }
+    void LineColor1(int valeur) { lineColor1_ = valeur; }
+    int LineColor2() const { return lineColor2_; }
+    void LineColor2(int valeur) { lineColor2_ = valeur; }
+    int Appearance() const { return appearance_; }
+    void Appearance(int valeur);
+    int BorderStyle() const { return borderStyle_; }
+    void BorderStyle(int valeur);
+    bool Enabled() const { return enabled_; }
+    void Enabled(bool valeur);
+    bool Redraw() const { return redraw_; }
+    void Redraw(bool valeur);
+
+    // Read access for the painting and for the checks of the tests.
+    const grille::Grille &cellules() const { return flxGrd; }
+    const ListeImages &imagesContenu() const { return imgCONTENU; }
+    QString texte(int ligne, int colonne) const;  // empty when the cell doesn't exist
+    int ligneMarquee() const { return LigneMarquee; }
+    int ligneGras() const { return LigneGras; }
+    int couleurSelection() const { return CouleurSelection; }
+    int nbParents() const { return NbParents; }
+    int ligneParent(int numero) const;  // -1 for a number never given
+
+    // The picture of column 1 of the row, as GetCellPicture hands it out.
+    struct ImageCellule {
+        grille::Source source = grille::Source::Aucune;
+        int numero = 0;
+    };
+    ImageCellule imageColonne1(int Ligne);
+
+protected:
+    virtual void demanderAffichage() {}  // something changed while Redraw is on
+    virtual void leverClick() {}
+    virtual void appliquerCadre() {}     // Appearance or BorderStyle changed
+    virtual void appliquerEnabled() {}
+    virtual int decalageVertical() const { return 0; }  // how far row 0 lies above the control's top
+
+private:
+    void logiqueClic();
+    void calculerLargeurs();
+    void ecrire(int ligne, int colonne, const QString &valeur);
+
+    grille::Grille flxGrd;
+    ListeImages imgCONTENU;
+    int ligneSel_ = 0;  // the row the next click logic works on
+
+    int NbParents = 0;
+    std::vector<int> LignesParents{0};  // row of each folder, by folder number
+    int LigneMarquee = 0;               // row in the selection colour; 0 for none
+    int LigneGras = 0;                  // folder row whose name is bold; 0 for none
+    QString CouleurMarquee;             // back colour the marked row had
+    bool AlternanceLigne = false;
+
+    int CouleurTitre = 0;
+    int CouleurSection = 16777215;
+    int CouleurParent = 0;
+    int CouleurFils = 0;
+    int CouleurSelection = 14737632;
+    std::array<double, 8> ProportionsColonnes{};
+    int largeurInterieure_ = 0;
+
+    int nbColonnes_ = 0;
+    int backcolor_ = 16777215;
+    int gridColor_ = 16777215;
+    int lineColor1_ = 16777215;
+    int lineColor2_ = 16777215;
+    int appearance_ = 0;
+    int borderStyle_ = 1;
+    bool enabled_ = true;
+    bool redraw_ = true;
+};

@@ -1,0 +1,70 @@
+#pragma once
+// The grid of folders and documents of the main window. The rows, the click logic
+// and the cells are ModeleGrille's; this widget paints the rows in view, scrolls,
+// and turns the mouse into the grid's click and double click.
+
+#include "grid/ModeleGrille.h"
+#include "store/Def.h"
+
+#include <QAbstractScrollArea>
+#include <QFontMetrics>
+#include <QHash>
+#include <QPixmap>
+#include <vector>
+
+class MyCoolGrid : public QAbstractScrollArea, public ModeleGrille, public SelectionGrille {
+    Q_OBJECT
+public:
+    explicit MyCoolGrid(QWidget *parent = nullptr);
+
+    // The picture of column 1 of the row: the folder picture, a document's icon,
+    // or the band of the title or section row, at its own size. Repainting stays
+    // off until the next operation.
+    QPixmap GetCellPicture(int Ligne);
+    // As a click on the row would; the row is also scrolled into view.
+    void SelectLine(int Ligne);
+
+    // For the store: the hidden keys of the row of the last click.
+    QString texteSelection(int colonne) const override;
+
+    QSize sizeHint() const override { return {465, 320}; }
+
+signals:
+    void Click();
+    void DblClick();
+
+protected:
+    void paintEvent(QPaintEvent *evenement) override;
+    void resizeEvent(QResizeEvent *evenement) override;
+    void mousePressEvent(QMouseEvent *evenement) override;
+    void mouseReleaseEvent(QMouseEvent *evenement) override;
+    void mouseDoubleClickEvent(QMouseEvent *evenement) override;
+    void changeEvent(QEvent *evenement) override;
+
+    void demanderAffichage() override;
+    void leverClick() override { emit Click(); }
+    void appliquerCadre() override;
+    void appliquerEnabled() override { setEnabled(Enabled()); }
+    int decalageVertical() const override;
+
+private:
+    void actualiserDefilement();
+    int ligneSous(const QPoint &position) const;
+    void peindreLigne(QPainter &p, int ligne, const QRect &rect, const int *bords);
+    // bandeLigne: the band picture under the whole row, 0 for none.
+    void peindreCellule(QPainter &p, const grille::Cellule &cel, const QRect &rect, int bandeLigne);
+    struct Police {
+        QFont police;
+        QFontMetrics mesures;
+    };
+    const Police &policePour(const grille::Cellule &cel);
+    QPixmap imageTitre(int numero);
+    QPixmap icone(int numero);
+
+    bool affichagePrevu_ = false;
+    int lignePressee_ = -1;
+    QHash<int, Police> polices_;  // by size and weight
+    QHash<int, QPixmap> imagesTitre_;
+    std::vector<QPixmap> icones_;  // the library at the size of a cell, made on first use
+    quint64 generationIcones_ = ~quint64(0);
+};

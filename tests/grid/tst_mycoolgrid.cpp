@@ -1,0 +1,96 @@
+// The grid widget as its owner sees it: mouse clicks, the events, the painting.
+#include "grid/Apercu.h"
+#include "grid/GrilleExemple.h"
+#include "grid/MyCoolGrid.h"
+#include "support/EnvironnementTest.h"
+
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+class TstMyCoolGrid : public QObject {
+    Q_OBJECT
+
+private:
+    // A point of the row, to the right of the pictures, in the viewport.
+    static QPoint dansLaLigne(MyCoolGrid &g, int ligne) {
+        const int haut = g.cellules().hautPixels(ligne) - g.verticalScrollBar()->value();
+        return {60, haut + g.cellules().hauteurPixels(ligne) / 2};
+    }
+    // The colour of column c of the row, at the right of the cell where no text lies.
+    static QColor fondCellule(MyCoolGrid &g, int ligne, int c) {
+        int x = -4;
+        for (int i = 0; i <= c; ++i) x += g.cellules().largeurPixels(i);
+        return g.viewport()->grab().toImage().pixelColor(x, dansLaLigne(g, ligne).y());
+    }
+
+private slots:
+    void clicsSurUnDossierEtUnDocument() {
+        EnvironnementTest env;
+        MyCoolGrid g;
+        QCOMPARE(g.imagesContenu().nombre(), 6);  // the library is read when the grid is made
+        GrilleExemple::charger(g, {{"A", 3}, {"B", 2}});  // A 2 (3..5), B 6 (7, 8)
+        g.resize(700, 300);
+        g.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&g));
+        QSignalSpy clics(&g, &MyCoolGrid::Click);
+        QSignalSpy doubles(&g, &MyCoolGrid::DblClick);
+
+        QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, dansLaLigne(g, 2));
+        QCOMPARE(clics.count(), 1);
+        QCOMPARE(g.LigneCourante, 2);
+        QCOMPARE(g.GetParentEtat(2), QStringLiteral("A"));
+        QCOMPARE(g.texteSelection(17), QStringLiteral("10"));
+        QCOMPARE(g.cellules().ligneAuPixel(dansLaLigne(g, 2).y() + 25), 6);  // B right below A
+
+        QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, dansLaLigne(g, 8));
+        QCOMPARE(clics.count(), 2);
+        QCOMPARE(g.LigneCourante, 8);
+        QCOMPARE(g.texteSelection(16), QStringLiteral("200"));
+        QCOMPARE(g.ligneGras(), 6);
+        QTRY_COMPARE(fondCellule(g, 8, 7), QColor(0xe0, 0xe0, 0xe0));
+        QCOMPARE(fondCellule(g, 8, 0), QColor(Qt::white));  // the icon area takes no selection
+        QCOMPARE(fondCellule(g, 7, 7), QColor(Qt::white));
+
+        QTest::mouseDClick(g.viewport(), Qt::LeftButton, {}, dansLaLigne(g, 8));
+        QCOMPARE(doubles.count(), 1);
+        const int avant = clics.count();
+        QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, QPoint(60, g.viewport()->height() - 3));
+        QCOMPARE(clics.count(), avant);  // space below the last row is no row
+        QCOMPARE(g.LigneCourante, 8);
+    }
+
+    void peintureSansEchecEtDefilement() {
+        EnvironnementTest env;
+        MyCoolGrid g;
+        GrilleExemple::charger(g, {{"A", 40}, {"B", 2}});
+        g.SetColumnInfos(4, 13, 99);  // an icon the library lacks
+        for (int i = 0; i < 8; ++i) Reglages::ecrireColonneVisible(i, false);
+        g.resize(400, 200);
+        g.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&g));
+        g.ReDessiner();
+        QTRY_VERIFY(g.verticalScrollBar()->maximum() > 0);
+        QVERIFY(!g.viewport()->grab().isNull());
+
+        // A row chosen by the search is scrolled into view.
+        g.SelectLine(g.ligneParent(1) + 1);
+        int largeur = 0, haut = 0, hauteur = 0;
+        g.GetColumnInfos(g.LigneCourante, 3, largeur, haut, hauteur);
+        QVERIFY(haut >= 0 && haut + hauteur <= g.height());
+
+        QCOMPARE(g.GetCellPicture(0).size(), QSize(400, 20));  // the title band
+        QCOMPARE(g.GetCellPicture(2).size(), QSize(16, 16));   // the folder
+        QVERIFY(g.GetCellPicture(99).isNull());
+    }
+
+    void apercu() {
+        EnvironnementTest env;
+        const QString chemin = env.chemin(QStringLiteral("grille.png"));
+        QVERIFY(grille::rendreApercu(chemin));
+        QVERIFY(QImage(chemin).width() > 700);
+    }
+};
+
+QTEST_MAIN(TstMyCoolGrid)
+#include "tst_mycoolgrid.moc"
