@@ -11,6 +11,12 @@
 #include "store/Session.h"
 #include "ui/Messages.h"
 #include "workspace/frmMain.h"
+#include "dialogs/FrmAjoutDoc.h"
+#include "dialogs/FrmAjoutDossier.h"
+#include <QLabel>
+#include "grid/MyCoolGrid.h"
+#include "grid/Apercu.h"
+#include "ui/BoutonImage.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -20,6 +26,30 @@
 #include <cstdio>
 
 namespace {
+// A few folders and documents such as a user keeps.
+void remplirExemple() {
+    const char *const dossiers[][2] = {{"20", "Banques"}, {"21", "Courriel"}, {"22", "Travail"}};
+    for (const auto &d : dossiers) {
+        Base::Connexion c;
+        Base::Requete r(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (1, ?, ?)");
+        r.lier(1, QString::fromLatin1(d[0]).toInt()).lier(2, QString::fromUtf8(d[1])).executer();
+    }
+    const char *const documents[][9] = {
+        {"1", "20", "Banque en ligne", "alice.martin", "Tr3s-Secret!", "https://banque.exemple.fr", "", "01/03/2024", "Carte n° 4"},
+        {"2", "20", "Assurance vie", "AM-55812", "Ass_2025", "https://assur.exemple.fr", "contrat.pdf", "15/06/2023", ""},
+        {"3", "21", "Messagerie perso", "alice@exemple.fr", "m@ilB0x", "https://mail.exemple.fr", "", "", "Double facteur"},
+        {"4", "22", "VPN bureau", "amartin", "Vpn#2026", "vpn.bureau.exemple", "", "02/01/2026", "Changer en mars"},
+    };
+    for (const auto &d : documents) {
+        Base::Connexion c;
+        Base::Requete r(c, "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, "
+                           "DateDebut, Remarques, Icone) VALUES (1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+        r.lier(1, QString::fromLatin1(d[0]).toInt()).lier(2, QString::fromLatin1(d[1]).toInt());
+        for (int i = 2; i < 9; ++i) r.lier(i + 1, QString::fromUtf8(d[i]));
+        r.lier(10, QString::fromLatin1(d[0]).toInt() + 1).executer();
+    }
+}
+
 bool enregistrer(QWidget *w, const QString &dossier, const QString &nom) {
     w->show();
     QApplication::processEvents();
@@ -57,11 +87,44 @@ int main(int argc, char *argv[]) {
     Session::NumCompteCourant = 1;
     Session::LoginCourant = QStringLiteral("alice");
     Session::PassCourant = QStringLiteral("secret");
+    remplirExemple();
     Navigation::afficherPrincipale();
-    ok &= enregistrer(Navigation::fenetrePrincipale(), sortie, QStringLiteral("main"));
+    frmMain *principale = Navigation::fenetrePrincipale();
+    ok &= enregistrer(principale, sortie, QStringLiteral("main"));
+
+    // A document selected, then its editing boxes up.
+    for (int i = 2; i < principale->MG->NbLignes; ++i)
+        if (principale->MG->GetColumnInfos(i, 3) == QStringLiteral("Banque en ligne")) principale->MG->SelectLine(i);
+    ok &= enregistrer(principale, sortie, QStringLiteral("main_selection"));
+    principale->Boutons[15]->enfoncer();
+    emit principale->Boutons[15]->clicked();
+    ok &= enregistrer(principale, sortie, QStringLiteral("main_edition"));
+    principale->activateWindow();
+    principale->Saisie[8]->setFocus();
+    QApplication::processEvents();
+    ok &= enregistrer(principale, sortie, QStringLiteral("main_calendrier"));
+    principale->RendreSaisieVisible(false, 1, 0);
+    principale->RendreSaisieVisibleCalendrier(false);
+
+    FrmAjoutDossier dossier(principale);
+    dossier.Saisie->setText(QStringLiteral("Impôts"));
+    ok &= enregistrer(&dossier, sortie, QStringLiteral("dialogue_dossier"));
+    dossier.close();
+    FrmAjoutDoc document(principale);
+    document.L[2]->setText(QStringLiteral("Banques"));
+    document.Saisie[0]->setText(QStringLiteral("Carte bleue"));
+    document.Saisie[1]->setText(QStringLiteral("4970 **** 1234"));
+    ok &= enregistrer(&document, sortie, QStringLiteral("dialogue_document"));
+    document.close();
 
     FrmModifLogin modif;
     ok &= enregistrer(&modif, sortie, QStringLiteral("modif_login"));
+
+    // The grid alone, over a sample of every kind of row.
+    const QString cheminGrille = QDir(sortie).filePath(QStringLiteral("grille.png"));
+    const bool grilleEcrite = grille::rendreApercu(cheminGrille);
+    std::printf("%s %s\n", grilleEcrite ? "wrote" : "FAILED", qPrintable(cheminGrille));
+    ok &= grilleEcrite;
     Navigation::fermerTout();
     return ok ? 0 : 1;
 }

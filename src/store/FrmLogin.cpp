@@ -58,11 +58,7 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     Pass->setEchoMode(QLineEdit::Password);
     Pass->installEventFilter(this);
 
-    OK = new BoutonImage(FondBleu);
-    OK->setObjectName(QStringLiteral("OK"));
-    OK->definirArt(QStringLiteral("ok"), QSize(24, 24));
-    OK->setText(QStringLiteral("OK"));
-    OK->setToolTip(QStringLiteral("Valider"));
+    OK = creerBoutonOK();
 
     Image1->setGeometry(18, 28, 64, 64);
     L[3]->setGeometry(100, 22, 90, 24);

@@ -50,11 +50,7 @@ FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
         });
     }
 
-    OK = new BoutonImage(FondBleu);
-    OK->setObjectName(QStringLiteral("OK"));
-    OK->definirArt(QStringLiteral("ok"), QSize(24, 24));
-    OK->setText(QStringLiteral("OK"));
-    OK->setToolTip(QStringLiteral("Valider"));
+    OK = creerBoutonOK();
     connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
 
     image->setGeometry(18, 30, 64, 64);

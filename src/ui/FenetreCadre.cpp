@@ -25,7 +25,10 @@ void PanneauImage::definirCouleurTexte(const QColor &c) {
 void PanneauImage::paintEvent(QPaintEvent *) {
     QPainter p(this);
     bool peint = false;
-    if (mode_ == Mode::Etire) {
+    if (couleurFond_.isValid()) {
+        p.fillRect(rect(), couleurFond_);
+        peint = true;
+    } else if (mode_ == Mode::Etire) {
         peint = Art::dessiner(p, art_, QRectF(rect()));
     } else {
         static QPixmap tuile;
@@ -42,7 +45,7 @@ void PanneauImage::paintEvent(QPaintEvent *) {
     if (!peint) p.fillRect(rect(), mode_ == Mode::Mosaique ? QColor(0xee, 0xf0, 0xf4) : QColor(0x26, 0x34, 0x55));
     if (!texte_.isEmpty()) {
         p.setPen(couleurTexte_);
-        p.drawText(rect().adjusted(8, 0, -8, 0), Qt::AlignVCenter | Qt::AlignLeft, texte_);
+        p.drawText(rect().adjusted(8, 0, -8, 0), int(alignement_), texte_);
     }
 }
 
@@ -77,6 +80,15 @@ FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::F
     });
 }
 
+BoutonImage *FenetreCadre::creerBoutonOK() {
+    auto *ok = new BoutonImage(FondBleu);
+    ok->setObjectName(QStringLiteral("OK"));
+    ok->definirArt(QStringLiteral("ok"), QSize(24, 24));
+    ok->setText(QStringLiteral("OK"));
+    ok->setToolTip(QStringLiteral("Valider"));
+    return ok;
+}
+
 void FenetreCadre::activerDeplacement(QWidget *w) { w->installEventFilter(this); }
 
 void FenetreCadre::definirTailleContenu(const QSize &taille) {
@@ -97,7 +109,7 @@ void FenetreCadre::resizeEvent(QResizeEvent *) {
     Fond[3]->setGeometry(0, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
     Fond[4]->setGeometry(w - kLargeBord, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
     FondBleu->setGeometry(kLargeBord, kHautEntete, w - 2 * kLargeBord, h - kHautEntete - kHautBas);
-    Im_Commande->setGeometry(w - 34, (kHautEntete - 28) / 2, 28, 28);
+    if (Im_Commande->parentWidget() == Fond[0]) Im_Commande->setGeometry(w - 34, (kHautEntete - 28) / 2, 28, 28);
     entete->setGeometry(12, 0, w - 60, kHautEntete);
 }
 
@@ -115,7 +127,10 @@ bool FenetreCadre::eventFilter(QObject *objet, QEvent *evenement) {
         if (DeplacementEnCours) move(static_cast<QMouseEvent *>(evenement)->globalPosition().toPoint() - Deplacement);
         break;
     case QEvent::MouseButtonRelease:
-        DeplacementEnCours = false;
+        if (DeplacementEnCours) {
+            DeplacementEnCours = false;
+            finDeplacement();
+        }
         break;
     default:
         break;

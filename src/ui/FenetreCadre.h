@@ -20,6 +20,10 @@ public:
     void definirTexte(const QString &texte);
     QString texte() const { return texte_; }
     void definirCouleurTexte(const QColor &c);
+    // Where the text stands; a panel that holds other controls keeps it at the top.
+    void definirAlignementTexte(Qt::Alignment a) { alignement_ = a; update(); }
+    // A plain colour in place of the picture.
+    void definirCouleurFond(const QColor &c) { couleurFond_ = c; update(); }
 
 protected:
     void paintEvent(QPaintEvent *) override;
@@ -29,6 +33,8 @@ private:
     Mode mode_;
     QString texte_;
     QColor couleurTexte_ = Qt::white;
+    Qt::Alignment alignement_ = Qt::AlignVCenter | Qt::AlignLeft;
+    QColor couleurFond_;
 };
 
 class FenetreCadre : public QWidget {
@@ -52,6 +58,8 @@ public:
     // Sets the size of the content area; the frame adds its strips around it.
     void definirTailleContenu(const QSize &taille);
     bool deplacementEnCours() const { return DeplacementEnCours; }
+    // The confirm button every dialog has, in the content area.
+    BoutonImage *creerBoutonOK();
     // Places the window in the middle of the screen it is on.
     void centrer();
 
@@ -59,6 +67,8 @@ signals:
     void fermetureDemandee();  // Im_Commande clicked while pressed; it is released by the handler
 
 protected:
+    // Called when a drag of the window ends, for windows that remember their place.
+    virtual void finDeplacement() {}
     void resizeEvent(QResizeEvent *) override;
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 

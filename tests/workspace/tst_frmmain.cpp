@@ -1,30 +1,238 @@
-// The main window's start: the first start of a user registers .kvx files, once.
+// The main window: its load from a real base, its geometry, its buttons and its close.
 
 #include "app/Navigation.h"
+#include "grid/MyCoolGrid.h"
+#include "store/Comptes.h"
+#include "store/Cryptage.h"
+#include "store/FrmLogin.h"
+#include "support/BaseExemple.h"
+#include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
+#include "ui/BoutonImage.h"
+#include "ui/Chaines.h"
 #include "workspace/frmMain.h"
 
+#include <QComboBox>
 #include <QDir>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 #include <memory>
 
 class TestFrmMain : public QObject {
     Q_OBJECT
+
+    std::unique_ptr<EnvironnementTest> env;
+    int finsDemandees = 0;
+
+    frmMain *ouvrir(int compte = 1, const QString &login = QStringLiteral("alice")) {
+        Session::NumCompteCourant = compte;
+        Session::LoginCourant = login;
+        Navigation::afficherPrincipale();
+        return Navigation::fenetrePrincipale();
+    }
+    QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
+    // The grid's rows from row 2 on, as "P name" or "F title|login|icon".
+    QStringList arbre(frmMain *f) {
+        QStringList l;
+        for (int i = 2; i < f->MG->NbLignes; ++i) {
+            if (f->MG->IsLigneParent(i))
+                l << QStringLiteral("P") + f->MG->GetColumnInfos(i, 3);
+            else
+                l << QStringLiteral("F %1|%2|%3").arg(f->MG->GetColumnInfos(i, 3), f->MG->GetColumnInfos(i, 4), f->MG->GetColumnInfos(i, 13));
+        }
+        return l;
+    }
+
 private slots:
+    void init() {
+        env = std::make_unique<EnvironnementTest>();
+        finsDemandees = 0;
+        Def::definirFinProgramme([this] { ++finsDemandees; });
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+    }
+    void cleanup() {
+        Navigation::fermerTout();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        env.reset();
+    }
+
+    void leChargementOrdonneDechiffreEtDonneLIcone2() {
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+            "INSERT INTO Dossiers VALUES (1, 10, 'banques');"
+            "INSERT INTO Dossiers VALUES (1, 11, 'Achats');"
+            "INSERT INTO Dossiers VALUES (1, 12, 'vide');"
+            "INSERT INTO Dossiers VALUES (2, 10, 'autre compte');"));
+        BaseSql::executer(Chemins::cheminBase(),
+            QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
+                           "INSERT INTO Documents VALUES (1, 2, 10, 'Beta', '%1', NULL, NULL, NULL, NULL, NULL, NULL, 5);"
+                           "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
+                           "INSERT INTO Documents VALUES (2, 4, 10, 'Secret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);")
+                .arg(CrypterChamp(QStringLiteral("chiffré"))));
+        frmMain *f = ouvrir();
+        // Folders by name whatever their case, with their leading blank; documents of a
+        // folder in the reverse of their title order; another account's rows never.
+        QCOMPARE(arbre(f), (QStringList{QStringLiteral("P Achats"), QStringLiteral("F Gamma||3"), QStringLiteral("P banques"),
+                                        QStringLiteral("F Beta|chiffré|5"), QStringLiteral("F Alpha|plain|2"), QStringLiteral("P vide")}));
+        QVERIFY(f->MG->GetColumnInfos(0, 3).startsWith(Chaine(118)));
+        QCOMPARE(f->MG->GetColumnInfos(1, 3), QStringLiteral("Titre"));
+        // The keys the store needs are in the hidden columns.
+        QCOMPARE(f->MG->GetColumnInfos(5, 16), QStringLiteral("2"));
+        QCOMPARE(f->MG->GetColumnInfos(5, 17), QStringLiteral("10"));
+        QCOMPARE(f->MG->GetColumnInfos(4, 17), QStringLiteral("10"));
+        QCOMPARE(f->nombreDossiers(), 3);
+        // No template copy for an account that has folders.
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("3")});
+    }
+
+    void unNouveauCompteRecoitLesModelesUneSeuleFois() {
+        frmMain *f = ouvrir();
+        QCOMPARE(f->nombreDossiers(), Base::dossiersModeles().size());
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("6")});
+        f->MG->Clear();
+        f->ChargerMG();
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("6")});
+        QVERIFY(arbre(f).contains(QStringLiteral("P Favoris")));
+        // Every folder deleted: the next load copies the templates again.
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("DELETE FROM Dossiers WHERE NumCompte=1"));
+        f->MG->Clear();
+        f->ChargerMG();
+        QCOMPARE(f->nombreDossiers(), 6);
+    }
+
+    void laFenetreSePlaceSelonLesReglages() {
+        const QRect ecran = QGuiApplication::primaryScreen()->geometry();
+        Reglages::ecrire(Reglages::Cle::MainLeft, 30 * 15);
+        Reglages::ecrire(Reglages::Cle::MainTop, 20 * 15);
+        frmMain *f = ouvrir();
+        const int largeur = qMin(1000, ecran.width()), hauteur = qMin(800, ecran.height());
+        QCOMPARE(f->size(), QSize(largeur, hauteur));
+        // Wider than the screen: cut to it and put at the left edge, whatever was saved.
+        QCOMPARE(f->x(), largeur < 1000 ? 0 : 30);
+        QCOMPARE(f->y(), hauteur < 800 ? 0 : 20);
+        // The grid lies between the two bars, the bottom bar above the band.
+        QVERIFY(f->MG->geometry().top() > f->TbToolbar[0]->geometry().bottom());
+        QVERIFY(f->MG->geometry().bottom() < f->TbToolbar[1]->geometry().top());
+        QCOMPARE(f->TbToolbar[1]->geometry().bottom() + 1, f->EnteteB->y());
+        QCOMPARE(f->Heure->geometry().right(), f->EnteteB->width() - 1);
+        f->resize(600, 400);
+        QVERIFY(f->MG->geometry().bottom() < f->TbToolbar[1]->geometry().top());
+        QCOMPARE(f->MG->width(), 600 - 2 * 13);
+
+        // Saved as maximised: the window covers the screen, in its normal state.
+        Navigation::fermerTout();
+        Reglages::ecrire(Reglages::Cle::Windowstate, 2);
+        f = ouvrir();
+        QCOMPARE(f->geometry(), ecran);
+        QVERIFY(!(f->windowState() & Qt::WindowMaximized));
+        // The next click on the third title button restores the normal size.
+        f->Im_Commande[2]->enfoncer();
+        emit f->Im_Commande[2]->clicked();
+        QCOMPARE(Reglages::lireNombre(Reglages::Cle::Windowstate), 0);
+        QCOMPARE(f->Im_Commande[2]->toolTip(), QStringLiteral("Agrandir"));
+        QCOMPARE(f->size(), QSize(largeur, hauteur));
+        QTest::mouseClick(f->Im_Commande[2], Qt::LeftButton);
+        QCOMPARE(Reglages::lireNombre(Reglages::Cle::Windowstate), 2);
+        QCOMPARE(f->Im_Commande[2]->toolTip(), QStringLiteral("Niveau inférieur"));
+        QVERIFY(!f->Im_Commande[2]->estEnfonce());
+    }
+
+    void unDeplacementParLeBandeauMemoriseLaPosition() {
+        frmMain *f = ouvrir();
+        f->move(0, 0);
+        QWidget *bandeau = f->Fond[0];
+        QTest::mousePress(bandeau, Qt::LeftButton, {}, QPoint(300, 10));
+        QMouseEvent deplacement(QEvent::MouseMove, QPointF(320, 25), bandeau->mapToGlobal(QPointF(320, 25)), Qt::NoButton,
+                                Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(bandeau, &deplacement);
+        QTest::mouseRelease(bandeau, Qt::LeftButton, {}, QPoint(320, 25));
+        QCOMPARE(f->pos(), QPoint(20, 15));
+        QCOMPARE(Reglages::lireNombre(Reglages::Cle::MainLeft, -1), 20 * 15);
+        QCOMPARE(Reglages::lireNombre(Reglages::Cle::MainTop, -1), 15 * 15);
+    }
+
+    void lEnteteLesBoutonsEtLHorloge() {
+        frmMain *f = ouvrir(1, QStringLiteral(" Alice"));
+        QCOMPARE(f->legendeEntete(), QString(45, u' ') + QStringLiteral(" Le gestionnaire des mots de passe    (Compte actuel :  Alice)"));
+        QCOMPARE(f->Im_Commande[0]->toolTip(), QStringLiteral("Fermer"));
+        QCOMPARE(f->Im_Commande[1]->toolTip(), QStringLiteral("Réduire"));
+        QCOMPARE(f->Im_Commande[2]->toolTip(), QString());
+        for (int i = 0; i < frmMain::kNbBoutons; ++i) {
+            QCOMPARE(f->Boutons[i]->toolTip(), Chaine(924 + i));
+            QCOMPARE(f->Boutons[i]->isEnabled(), true);
+        }
+        QVERIFY(!f->Boutons[3]->isVisible());
+        QVERIFY(f->Boutons[16]->isVisible());
+        // Hover tells what the button does; leaving gives the band back.
+        f->InfoEntete = QStringLiteral("  Dossier :  Banques");
+        QEnterEvent entree(QPointF(5, 5), QPointF(5, 5), f->Boutons[5]->mapToGlobal(QPointF(5, 5)));
+        QCoreApplication::sendEvent(f->Boutons[5], &entree);
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Rechercher"));
+        QEvent sortie(QEvent::Leave);
+        QCoreApplication::sendEvent(f->Boutons[5], &sortie);
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
+        // A click only releases the button until its command exists.
+        QTest::mouseClick(f->Boutons[5], Qt::LeftButton);
+        QVERIFY(!f->Boutons[5]->estEnfonce());
+        // The clock shows the time after its first tick, and the export folder exists.
+        QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
+        QVERIFY(QDir(Chemins::dossierEdition()).exists());
+        QCOMPARE(f->imgCONTENU.nombre(), 6);
+        QCOMPARE(f->ImageList1.entree(5)->tag, QStringLiteral("Login réseau"));
+    }
+
+    void quitterDemandeEtNonGardeLaFenetre() {
+        frmMain *f = ouvrir();
+        Messages::prevoirReponses({false});
+        QTest::mouseClick(f->Im_Commande[0], Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{Chaine(120)});
+        QCOMPARE(finsDemandees, 0);
+        QVERIFY(f->isVisible());
+        // A close by the desktop asks the same; No keeps the window.
+        Messages::prevoirReponses({false});
+        QVERIFY(!f->close());
+        QVERIFY(f->isVisible());
+        Messages::prevoirReponses({true});
+        QVERIFY(f->close());
+        QCOMPARE(finsDemandees, 1);
+        QCOMPARE(Messages::affiches().size(), 2);
+        QVERIFY(Reglages::lireTexte(Reglages::Cle::MainLeft).toInt() == f->x() * 15);
+    }
+
+    void uneConnexionMeneALaFenetreAvecLesDossiersDuCompte() {
+        BaseExemple::remplir(1, 3, 12);
+        Navigation::afficherLogin();
+        FrmLogin *login = Navigation::fenetreLogin();
+        login->Pass->clear();
+        QTest::keyClicks(login->Pass, QStringLiteral("a"));
+        QTest::keyClick(login->Pass, Qt::Key_Return);
+        frmMain *f = Navigation::fenetrePrincipale();
+        QVERIFY(f && f->isVisible());
+        QVERIFY(!Navigation::fenetreLogin() || !Navigation::fenetreLogin()->isVisible());
+        QCOMPARE(f->nombreDossiers(), 3);
+        QCOMPARE(f->MG->NbLignes, 2 + 3 + 12);
+        // Enciphered and plain passwords alike read back in plain.
+        QStringList lus, attendus;
+        for (int i = 2; i < f->MG->NbLignes; ++i)
+            if (!f->MG->IsLigneParent(i)) lus << f->MG->GetColumnInfos(i, 5);
+        for (int i = 0; i < 12; ++i) attendus << QStringLiteral("Pa55-word_%1!").arg(i * 7919);
+        lus.sort();
+        attendus.sort();
+        QCOMPARE(lus, attendus);
+    }
+
     void lAssociationSeFaitAuPremierDemarrageSeulement() {
-        EnvironnementTest env;
         const QString entree = QDir(qEnvironmentVariable("XDG_DATA_HOME")).filePath(QStringLiteral("applications/korvane.desktop"));
         QCOMPARE(Reglages::lireNombre(Reglages::Cle::Demarrage), 0);
-        Navigation::afficherPrincipale();
+        ouvrir();
         QVERIFY(QFile::exists(entree));
         QCOMPARE(Reglages::lireNombre(Reglages::Cle::Demarrage), 1);
         QCOMPARE(Session::ModeLogin, std::optional<int>(0));
-
         QFile::remove(entree);
-        Navigation::afficherPrincipale();
+        ouvrir();
         QVERIFY(!QFile::exists(entree));
-        Navigation::fermerTout();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 };
 

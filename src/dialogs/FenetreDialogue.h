@@ -1,0 +1,62 @@
+#pragma once
+// What the two entry dialogs share: the modal display over the main window, the
+// two stock pictures of the grid in the frame, the reload of the main window's grid
+// after a write, and the colours of the settings.
+
+#include "ui/FenetreCadre.h"
+
+#include <QPixmap>
+#include <QPointer>
+
+class QLabel;
+class frmMain;
+
+// A frame part that shows a picture handed over at run time: stretched (a band)
+// or at its own size in the middle (a picture).
+class PanneauStock : public PanneauImage {
+    Q_OBJECT
+public:
+    PanneauStock(bool etire, QWidget *parent);
+    void definirImage(const QPixmap &image);
+    QPixmap image() const { return image_; }
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+
+private:
+    bool etire_;
+    QPixmap image_;
+};
+
+class FenetreDialogue : public FenetreCadre {
+    Q_OBJECT
+public:
+    // Shows the dialog modal over the main window and returns when it is closed.
+    void executer();
+
+    frmMain *principale() const;
+
+    // A colour of the settings (red in the low byte) as Qt takes it.
+    static QColor couleurReglage(int valeur);
+
+signals:
+    void fermee();
+
+protected:
+    // principale may be null: the dialog then works alone and reloads nothing.
+    explicit FenetreDialogue(frmMain *principale);
+
+    // Fond[1] takes the band of the grid's title row, Fond[2] the folder picture of
+    // its first folder row; the artwork stands in when the grid has none.
+    void chargerImagesStock();
+    // After a write: the grid is emptied and loaded again whole.
+    void rechargerPrincipale();
+    // Writes text in colour on the label, on a background it can be read on.
+    static void colorerLibelle(QLabel *libelle, int couleur, bool pastille);
+
+    void finDeplacement() override;
+    void closeEvent(QCloseEvent *e) override;
+
+private:
+    QPointer<frmMain> principale_;
+};

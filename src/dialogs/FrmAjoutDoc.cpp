@@ -1,0 +1,266 @@
+#include "FrmAjoutDoc.h"
+
+#include "store/Base.h"
+#include "store/Def.h"
+#include "store/Reglages.h"
+#include "ui/BoutonImage.h"
+#include "ui/Chaines.h"
+#include "ui/Messages.h"
+
+#include <QCalendarWidget>
+#include <QFocusEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPainter>
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+const QLocale kFrancais(QLocale::French, QLocale::France);
+
+// Geometry of the content, in pixels.
+constexpr int kMarge = 12;
+constexpr int kLargeurContenu = 480;
+constexpr int kLargeurLibelle = 112;
+constexpr int kGaucheSaisie = kMarge + kLargeurLibelle + 8;
+constexpr int kLargeurSaisie = kLargeurContenu - kGaucheSaisie - kMarge;
+constexpr int kHautBande = 30;
+constexpr int kHautPremiereLigne = kMarge + kHautBande + 12;
+constexpr int kPasLigne = 32;
+constexpr int kHautLigne = 26;
+constexpr int kCoteCadreIcone = 42;
+constexpr int kCoteIcone = 32;
+constexpr QSize kTailleCalendrier(284, 204);
+
+// The picture of MIcone, in the colours of the artwork: a framed landscape.
+QPixmap imageChoixIcone() {
+    QPixmap image(24, 24);
+    image.fill(Qt::transparent);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(0x1f, 0x2a, 0x44), 1.5));
+    p.setBrush(QColor(0xff, 0xff, 0xff));
+    p.drawRoundedRect(QRectF(2.75, 4.75, 18.5, 14.5), 2, 2);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0xe0, 0xa5, 0x26));
+    p.drawEllipse(QPointF(8, 9.5), 2.2, 2.2);
+    p.setBrush(QColor(0x2e, 0x3f, 0x66));
+    p.drawPolygon(QPolygonF({QPointF(4, 18), QPointF(10, 12), QPointF(13, 15), QPointF(16, 11), QPointF(20, 18)}));
+    return image;
+}
+
+const char *const kCaptions[FrmAjoutDoc::kNbSaisies + 1] = {
+    "Titre", "Login", "Mot de passe", "Url", "Fichier", "Date de début", "Date de fin", "Remarques", "Icône"};
+
+}  // namespace
+
+int ChercherNouveauNumDocument() {
+    Base::Connexion c;
+    // Over all accounts: a document's number is unique in the table.
+    Base::Requete r(c, "SELECT max(Num) FROM Documents");
+    if (!r.suivante() || r.estNull(0)) return 1;
+    const qint64 plusGrand = r.texte(0).toLongLong();
+    if (plusGrand >= std::numeric_limits<int>::max())
+        throw Base::ErreurBase(QStringLiteral("Plus aucun numéro de document n'est libre dans la base."));
+    return int(plusGrand) + 1;
+}
+
+FrmAjoutDoc::FrmAjoutDoc(frmMain *principale) : FenetreDialogue(principale) {
+    setObjectName(QStringLiteral("FrmAjoutDoc"));
+    definirTailleContenu(QSize(kLargeurContenu, kHautPremiereLigne + kNbSaisies * kPasLigne + kCoteCadreIcone + kMarge - 2));
+    centrer();
+    creerControles();
+    placerControles();
+    chargerImagesStock();
+}
+
+void FrmAjoutDoc::creerControles() {
+    L[1] = entete;
+    L[1]->setText(QStringLiteral("Ajout d'un document"));
+    L[0] = new QLabel(QStringLiteral("Dossier"), FondBleu);
+    L[0]->setObjectName(QStringLiteral("L0"));
+    colorerLibelle(L[0], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
+    L[2] = new QLabel(FondBleu);
+    L[2]->setObjectName(QStringLiteral("L2"));
+    colorerLibelle(L[2], Reglages::couleurParentDialogue(), true);
+    for (QLabel *l : L) activerDeplacement(l);
+
+    for (int i = 0; i <= kNbSaisies; ++i) {
+        Libelle[i] = new QLabel(QString::fromUtf8(kCaptions[i]) + QStringLiteral("  "), FondBleu);
+        Libelle[i]->setObjectName(QStringLiteral("Libelle%1").arg(i));
+        Libelle[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        Libelle[i]->setStyleSheet(QStringLiteral("background: #000000; color: #ffffff; font-weight: bold; border-radius: 3px;"));
+        Libelle[i]->installEventFilter(this);
+    }
+    for (int i = 0; i < kNbSaisies; ++i) {
+        Saisie[i] = new QLineEdit(FondBleu);
+        Saisie[i]->setObjectName(QStringLiteral("Saisie%1").arg(i));
+        // What the box shows is what the field will hold.
+        Saisie[i]->setMaxLength(Def::kLongueurChamp);
+        Saisie[i]->installEventFilter(this);
+        connect(Saisie[i], &QLineEdit::returnPressed, this, [this] {
+            OK->enfoncer();
+            clicOK();
+        });
+        if (i > 0) setTabOrder(Saisie[i - 1], Saisie[i]);
+    }
+
+    ShapeIcone = new QFrame(FondBleu);
+    ShapeIcone->setObjectName(QStringLiteral("ShapeIcone"));
+    ShapeIcone->setStyleSheet(QStringLiteral("#ShapeIcone { background: #ffffff; border: 1px solid #8c98b0; border-radius: 4px; }"));
+    Icone = new QLabel(ShapeIcone);
+    Icone->setObjectName(QStringLiteral("Icone"));
+    Icone->setAlignment(Qt::AlignCenter);
+    Icone->setStyleSheet(QStringLiteral("background: transparent;"));
+
+    MIcone = new BoutonImage(FondBleu);
+    MIcone->setObjectName(QStringLiteral("MIcone"));
+    MIcone->definirImages(imageChoixIcone());
+    MIcone->setText(QStringLiteral("Choisir l'icône"));
+    MIcone->setToolTip(QStringLiteral("Choisir l'icône du document"));
+    connect(MIcone, &QAbstractButton::clicked, this, [this] { clicMIcone(); });
+
+    OK = creerBoutonOK();
+    connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
+
+    PanCal = new QFrame(FondBleu);
+    PanCal->setObjectName(QStringLiteral("PanCal"));
+    PanCal->setStyleSheet(QStringLiteral("#PanCal { background: rgb(255, 204, 59); border: 1px solid #8e6410; border-radius: 4px; }"));
+    // A click inside the panel is not a click on the background behind it.
+    PanCal->setAttribute(Qt::WA_NoMousePropagation);
+    auto *titreCalendrier = new QLabel(Chaine(963), PanCal);
+    titreCalendrier->setObjectName(QStringLiteral("TitrePanCal"));
+    titreCalendrier->setAlignment(Qt::AlignCenter);
+    titreCalendrier->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
+    Calendrier = new QCalendarWidget(PanCal);
+    Calendrier->setObjectName(QStringLiteral("Calendrier"));
+    Calendrier->setLocale(kFrancais);
+    Calendrier->setFirstDayOfWeek(Qt::Monday);
+    Calendrier->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    Calendrier->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+    Calendrier->setStyleSheet(QStringLiteral(
+        "#qt_calendar_navigationbar { background: #2e3f66; }"
+        "#qt_calendar_navigationbar QToolButton { color: #ffffff; font-weight: bold; background: transparent; }"
+        "QAbstractItemView { selection-background-color: #2e3f66; selection-color: #ffffff; }"));
+    connect(Calendrier, &QCalendarWidget::clicked, this, [this](const QDate &d) { clicCalendrier(d); });
+    connect(Calendrier, &QCalendarWidget::activated, this, [this](const QDate &d) { clicCalendrier(d); });
+    PanCal->resize(kTailleCalendrier);
+    titreCalendrier->setGeometry(0, 0, kTailleCalendrier.width(), 24);
+    Calendrier->setGeometry(3, 24, kTailleCalendrier.width() - 6, kTailleCalendrier.height() - 27);
+    PanCal->hide();
+}
+
+void FrmAjoutDoc::placerControles() {
+    Fond[1]->setGeometry(kMarge, kMarge, kLargeurContenu - 2 * kMarge, kHautBande);
+    Fond[2]->setGeometry(kMarge + 4, kMarge, 24, kHautBande);
+    L[0]->setGeometry(kMarge + 32, kMarge, kGaucheSaisie - kMarge - 32, kHautBande);
+    L[2]->setGeometry(kGaucheSaisie, kMarge + 4, kLargeurSaisie - 4, kHautBande - 8);
+    for (int i = 0; i < kNbSaisies; ++i) {
+        const int haut = kHautPremiereLigne + i * kPasLigne;
+        Libelle[i]->setGeometry(kMarge, haut, kLargeurLibelle, kHautLigne);
+        Saisie[i]->setGeometry(kGaucheSaisie, haut, kLargeurSaisie, kHautLigne);
+    }
+    const int hautIcone = kHautPremiereLigne + kNbSaisies * kPasLigne - 2;
+    Libelle[8]->setGeometry(kMarge, hautIcone + (kCoteCadreIcone - kHautLigne) / 2, kLargeurLibelle, kHautLigne);
+    ShapeIcone->setGeometry(kGaucheSaisie, hautIcone, kCoteCadreIcone, kCoteCadreIcone);
+    Icone->setGeometry((kCoteCadreIcone - kCoteIcone) / 2, (kCoteCadreIcone - kCoteIcone) / 2, kCoteIcone, kCoteIcone);
+    MIcone->setGeometry(kGaucheSaisie + kCoteCadreIcone + 10, hautIcone + 5, 150, 32);
+    OK->setGeometry(kLargeurContenu - kMarge - 74, hautIcone + 5, 74, 32);
+}
+
+void FrmAjoutDoc::choisirIcone(int numero, const QPixmap &image) {
+    Tag = QString::number(numero);
+    Icone->setPixmap(image.isNull() ? QPixmap()
+                                    : image.scaled(QSize(kCoteIcone, kCoteIcone) * image.devicePixelRatio(),
+                                                   Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void FrmAjoutDoc::entreeSaisie(int indice) {
+    if (indice == kDateDebut || indice == kDateFin)
+        afficherCalendrier(indice);
+    else
+        PanCal->hide();
+}
+
+void FrmAjoutDoc::afficherCalendrier(int indice) {
+    TagPanCal = indice;
+    // The box is free text: what is not a date opens the calendar on today.
+    const QString texte = Saisie[indice]->text().trimmed();
+    QDate date = kFrancais.toDate(texte, QLocale::ShortFormat);
+    if (!date.isValid()) date = kFrancais.toDate(texte, QStringLiteral("d/M/yyyy"));
+    if (!date.isValid() || date < Calendrier->minimumDate() || date > Calendrier->maximumDate()) date = QDate::currentDate();
+    Calendrier->setSelectedDate(date);
+    Calendrier->setCurrentPage(date.year(), date.month());
+    // Just above the box, from the left of its caption.
+    PanCal->move(Libelle[indice]->x(), Saisie[indice]->y() - PanCal->height());
+    PanCal->show();
+    PanCal->raise();
+}
+
+void FrmAjoutDoc::clicCalendrier(const QDate &date) {
+    if (TagPanCal != kDateDebut && TagPanCal != kDateFin) return;
+    QLineEdit *boite = Saisie[TagPanCal];
+    boite->setText(kFrancais.toString(date, QLocale::ShortFormat));
+    // The focus goes back to the box before the panel hides, so that it doesn't
+    // wander to another box.
+    boite->setFocus(Qt::OtherFocusReason);
+    PanCal->hide();
+}
+
+void FrmAjoutDoc::clicMIcone() {
+    PanCal->hide();
+    if (MIcone->estEnfonce()) emit iconeDemandee();
+    MIcone->relacher();
+}
+
+void FrmAjoutDoc::clicOK() {
+    PanCal->hide();
+    if (!OK->estEnfonce()) return;
+    const bool fait = enregistrer();
+    OK->relacher();
+    if (fait) close();
+}
+
+bool FrmAjoutDoc::enregistrer() {
+    if (Saisie[0]->text().trimmed().isEmpty()) {
+        Messages::information(QStringLiteral("Veuillez saisir le titre, svp !"));
+        Saisie[0]->setFocus();
+        return false;
+    }
+    try {
+        const int num = ChercherNouveauNumDocument();
+        QStringList champs;
+        for (const QLineEdit *s : Saisie) champs << s->text();
+        champs << Tag;
+        if (!EcrireDocument(num, champs)) {
+            Messages::information(QStringLiteral("Aucun dossier n'est sélectionné : le document n'a pas été enregistré."));
+            return false;
+        }
+    } catch (const Base::ErreurBase &e) {
+        // Nothing was written; the dialog stays open with what was typed.
+        Messages::information(e.message());
+        return false;
+    }
+    rechargerPrincipale();
+    return true;
+}
+
+bool FrmAjoutDoc::eventFilter(QObject *objet, QEvent *evenement) {
+    const QEvent::Type type = evenement->type();
+    if (type == QEvent::FocusIn) {
+        // Coming back to the window, or out of a context menu, is no entry in a box.
+        const Qt::FocusReason raison = static_cast<QFocusEvent *>(evenement)->reason();
+        if (raison != Qt::ActiveWindowFocusReason && raison != Qt::PopupFocusReason)
+            for (int i = 0; i < kNbSaisies; ++i)
+                if (objet == Saisie[i]) entreeSaisie(i);
+    } else if (type == QEvent::MouseButtonPress) {
+        if (objet == FondBleu || std::find(Libelle.begin(), Libelle.end(), objet) != Libelle.end()) PanCal->hide();
+        // A click in a date box that already has the focus brings the calendar back.
+        for (int i : {kDateDebut, kDateFin})
+            if (objet == Saisie[i] && PanCal->isHidden()) afficherCalendrier(i);
+    }
+    return FenetreDialogue::eventFilter(objet, evenement);
+}

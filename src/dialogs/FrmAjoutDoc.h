@@ -1,0 +1,59 @@
+#pragma once
+// The dialog that adds a document to the folder selected in the main window: its
+// eight fields as typed, an icon, a number free in all accounts.
+
+#include "dialogs/FenetreDialogue.h"
+
+#include <array>
+
+class QCalendarWidget;
+class QFrame;
+class QLabel;
+class QLineEdit;
+
+// The number for a new document: one above the highest of all accounts, 1 for an
+// empty table. Throws Base::ErreurBase when the base can't be read.
+int ChercherNouveauNumDocument();
+
+class FrmAjoutDoc : public FenetreDialogue {
+    Q_OBJECT
+public:
+    static constexpr int kNbSaisies = 8;
+    static constexpr int kDateDebut = 5;  // the two boxes the calendar serves
+    static constexpr int kDateFin = 6;
+
+    explicit FrmAjoutDoc(frmMain *principale = nullptr);
+
+    // The icon picker's choice: the icon's number in the library and its picture.
+    void choisirIcone(int numero, const QPixmap &image);
+
+    std::array<QLineEdit *, kNbSaisies> Saisie{};  // fields 3 to 10 of the document, in order
+    std::array<QLabel *, kNbSaisies + 1> Libelle{};  // their captions, then "Icône"
+    std::array<QLabel *, 3> L{};  // 0 caption of the folder, 1 the heading, 2 the folder's name
+    QLabel *Icone = nullptr;
+    QFrame *ShapeIcone = nullptr;
+    BoutonImage *MIcone = nullptr;
+    BoutonImage *OK = nullptr;
+    QFrame *PanCal = nullptr;
+    QCalendarWidget *Calendrier = nullptr;
+
+    // The chosen icon's number as text; empty until an icon is chosen (no icon).
+    QString Tag;
+    // The date box the calendar serves while it is up.
+    int TagPanCal = -1;
+
+signals:
+    // MIcone was clicked while pressed: the picker shows its choice now.
+    void iconeDemandee();
+
+private:
+    void creerControles();
+    void placerControles();
+    void entreeSaisie(int indice);
+    void afficherCalendrier(int indice);
+    void clicCalendrier(const QDate &date);
+    void clicMIcone();
+    void clicOK();
+    bool enregistrer();
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+};

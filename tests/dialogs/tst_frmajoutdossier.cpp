@@ -1,0 +1,120 @@
+// The folder dialog through its real controls, on a base of the test's own.
+
+#include "app/Navigation.h"
+#include "dialogs/FrmAjoutDossier.h"
+#include "grid/MyCoolGrid.h"
+#include "store/Comptes.h"
+#include "support/BaseSql.h"
+#include "support/EnvironnementTest.h"
+#include "ui/BoutonImage.h"
+#include "workspace/frmMain.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <memory>
+
+class TestFrmAjoutDossier : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<EnvironnementTest> env;
+
+    QStringList dossiers() {
+        return BaseSql::lignes(Chemins::cheminBase(),
+                               QStringLiteral("SELECT NumCompte, Num, Nom FROM Dossiers WHERE NumCompte > 0 ORDER BY NumCompte, Num"));
+    }
+    void ouvrir(FrmAjoutDossier &f, const QString &nom, const QString &numero) {
+        f.Saisie->setText(nom);
+        f.TagSaisie = numero;
+        f.show();
+        QVERIFY(QTest::qWaitForWindowActive(&f));
+    }
+    // The folder names the grid shows, from row 2 on, without the grid's leading blank.
+    QStringList nomsGrille(MyCoolGrid *g) {
+        QStringList noms;
+        for (int i = 2; i < g->NbLignes; ++i)
+            if (g->IsLigneParent(i)) noms << g->GetColumnInfos(i, 3).mid(1);
+        return noms;
+    }
+
+private slots:
+    void init() {
+        env = std::make_unique<EnvironnementTest>();
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        Session::NumCompteCourant = 1;
+        Session::LoginCourant = QStringLiteral("alice");
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("INSERT INTO Dossiers VALUES (1, 10, 'Banque');"
+                                                                "INSERT INTO Dossiers VALUES (2, 10, 'Autre compte');"));
+    }
+    void cleanup() {
+        Navigation::fermerTout();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        env.reset();
+    }
+
+    void unNomDeBlancsOuSansNumeroEstRefuseEtFermerNEcritRien() {
+        FrmAjoutDossier f;
+        ouvrir(f, QStringLiteral("   "), QStringLiteral("57"));
+        QTest::keyClick(f.Saisie, Qt::Key_Return);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez saisir le nom du dossier, svp !")});
+        QVERIFY(f.isVisible());
+        QVERIFY(!f.OK->estEnfonce());
+        QCOMPARE(QApplication::focusWidget(), f.Saisie);
+        // Without a number the folder could be no other: refused, the name kept.
+        f.TagSaisie.clear();
+        f.Saisie->setText(QStringLiteral("Voyages"));
+        QTest::mouseClick(f.OK, Qt::LeftButton);
+        QCOMPARE(Messages::affiches().size(), 1);
+        QCOMPARE(f.Saisie->text(), QStringLiteral("Voyages"));
+        f.TagSaisie = QStringLiteral("10");
+        QTest::mouseClick(f.Im_Commande, Qt::LeftButton);
+        QVERIFY(!f.isVisible());
+        QCOMPARE(dossiers(), (QStringList{QStringLiteral("1|10|Banque"), QStringLiteral("2|10|Autre compte")}));
+    }
+
+    void creationAvecLeNumeroDonneEtRenommage() {
+        {
+            FrmAjoutDossier f;
+            ouvrir(f, QStringLiteral("  Impôts "), QStringLiteral("57"));
+            QTest::mouseClick(f.OK, Qt::LeftButton);
+            QVERIFY(!f.isVisible());
+        }
+        // The name as typed, outer blanks included; another account's folder of the same
+        // number left alone.
+        FrmAjoutDossier g;
+        ouvrir(g, QStringLiteral(" Banques en ligne "), QStringLiteral("10"));
+        QTest::keyClick(g.Saisie, Qt::Key_Enter);
+        QVERIFY(!g.isVisible());
+        QCOMPARE(Messages::affiches(), QStringList());
+        QCOMPARE(dossiers(), (QStringList{QStringLiteral("1|10| Banques en ligne "), QStringLiteral("1|57|  Impôts "),
+                                          QStringLiteral("2|10|Autre compte")}));
+    }
+
+    void laGrilleDeLaFenetrePrincipaleSuitLesDossiers() {
+        Reglages::ecrire(Reglages::Cle::CouleurTitre, 0x0000ff);  // red in the low byte
+        Navigation::afficherPrincipale();
+        frmMain *m = Navigation::fenetrePrincipale();
+        QVERIFY(m);
+        QCOMPARE(nomsGrille(m->MG), QStringList{QStringLiteral("Banque")});
+        {
+            FrmAjoutDossier f(m);
+            QVERIFY(f.L[0]->styleSheet().contains(QStringLiteral("color: #ff0000")));
+            ouvrir(f, QStringLiteral("Achats"), QStringLiteral("11"));
+            QTest::keyClick(f.Saisie, Qt::Key_Return);
+            QVERIFY(!f.isVisible());
+        }
+        // Two folders of the same name are both listed, by name.
+        QCOMPARE(nomsGrille(m->MG), (QStringList{QStringLiteral("Achats"), QStringLiteral("Banque")}));
+        const int ligne = 3;
+        QCOMPARE(m->MG->GetColumnInfos(ligne, 17), QStringLiteral("10"));
+        FrmAjoutDossier g(m);
+        ouvrir(g, QStringLiteral("Achats"), m->MG->GetColumnInfos(ligne, 17));
+        QTest::mouseClick(g.OK, Qt::LeftButton);
+        QVERIFY(!g.isVisible());
+        QCOMPARE(nomsGrille(m->MG), (QStringList{QStringLiteral("Achats"), QStringLiteral("Achats")}));
+        QCOMPARE(dossiers(), (QStringList{QStringLiteral("1|10|Achats"), QStringLiteral("1|11|Achats"), QStringLiteral("2|10|Autre compte")}));
+    }
+};
+
+QTEST_MAIN(TestFrmAjoutDossier)
+#include "tst_frmajoutdossier.moc"
