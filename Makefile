@@ -7,7 +7,8 @@ PACKAGES := cmake make g++ pkg-config \
 	qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev \
 	libsqlcipher-dev sqlcipher libssl-dev \
 	libgtest-dev libgmock-dev libbenchmark-dev \
-	xvfb xauth fonts-dejavu-core xdg-utils shared-mime-info desktop-file-utils libfile-mimeinfo-perl
+	xvfb xauth fonts-dejavu-core papirus-icon-theme \
+	xdg-utils shared-mime-info desktop-file-utils libfile-mimeinfo-perl
 
 .PHONY: all deps build run test bench shots sanitize clean
 

@@ -5,7 +5,10 @@
 #include "Chargement.h"
 #include "grid/MyCoolGrid.h"
 #include "store/Base.h"
+#include "app/Navigation.h"
 #include "store/Def.h"
+#include "store/FrmModifLogin.h"
+#include "store/Session.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
@@ -151,8 +154,23 @@ void frmMain::commande(int index) {
             if (Saisie[3] && Saisie[3]->isVisible()) Saisie[3]->setFocus();
         }
         break;
+    case 0:
+    case 9:
+        // Back to the login, to create an account (1) or choose another (2).
+        fermerSaisie();
+        Session::ModeLogin = index == 0 ? 1 : 2;
+        Boutons[index]->relacher();
+        Navigation::afficherLogin();
+        break;
+    case 4: {
+        fermerSaisie();
+        FrmModifLogin modification(this);
+        if (preparationDialogue_) preparationDialogue_(&modification);
+        modification.executer();
+        break;
+    }
     default:
-        // The commands of the session, the base and the icons come with their windows.
+        // The other commands of the base and the icons come with their windows.
         break;
     }
 }

@@ -7,6 +7,8 @@
 
 #include <QFile>
 #include <QMap>
+#include <QProcess>
+#include <QStandardPaths>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -59,6 +61,15 @@ TEST_F(Store, UneBaseNeuveAlesModelesEtLesIconesEtSOuvreAvecLaPhrase) {
     QStringList noms;
     for (const QString &colonne : sql("PRAGMA table_info(Documents)")) noms << colonne.section(u'|', 1, 1);
     EXPECT_EQ(noms.join(u','), "NumCompte,Num,NumDossier,Titre,LoginDoc,MotDePasse,Url,Fichier,DateDebut,DateFin,Remarques,Icone");
+    // The stock shell opens it with the passphrase, where it is installed.
+    if (!QStandardPaths::findExecutable("sqlcipher").isEmpty()) {
+        QProcess shell;
+        shell.start("sqlcipher", {Chemins::cheminBase()});
+        shell.write("PRAGMA key='Tarvex';\nSELECT count(*) FROM Dossiers;\n");
+        shell.closeWriteChannel();
+        shell.waitForFinished(10000);
+        EXPECT_EQ(QString::fromUtf8(shell.readAllStandardOutput()).trimmed().split('\n').last(), "6");
+    }
     // Without the key the file is unreadable.
     EXPECT_FALSE(contenu(Chemins::cheminBase()).contains("SQLite format"));
     EXPECT_FALSE(contenu(Chemins::cheminBase()).contains("Logiciels"));

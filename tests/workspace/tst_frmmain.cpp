@@ -5,6 +5,7 @@
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/FrmLogin.h"
+#include "store/FrmModifLogin.h"
 #include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
@@ -19,6 +20,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 #include <memory>
 
 class TestFrmMain : public QObject {
@@ -221,6 +223,37 @@ private slots:
         lus.sort();
         attendus.sort();
         QCOMPARE(lus, attendus);
+    }
+
+    void changerLeMotDePasseEtDeCompteDepuisLaFenetre() {
+        frmMain *f = ouvrir();
+        Session::PassCourant = QStringLiteral("a");
+        f->definirPreparationDialogue([](QWidget *d) {
+            QTimer::singleShot(0, d, [d] {
+                auto *m = qobject_cast<FrmModifLogin *>(d);
+                QVERIFY(m);
+                m->Pass->setText(QStringLiteral("neuf"));
+                m->Pass2->setText(QStringLiteral("neuf"));
+                QTest::keyClick(m->Pass2, Qt::Key_Return);
+            });
+        });
+        QTest::mouseClick(f->Boutons[4], Qt::LeftButton);
+        QCOMPARE(Session::PassCourant, QStringLiteral("neuf"));
+        QCOMPARE(sql(QStringLiteral("SELECT Pass FROM Compte WHERE NumCompte=1")), QStringList{CrypterChamp(QStringLiteral("neuf"))});
+        QVERIFY(!f->Boutons[4]->estEnfonce());
+
+        // Change of account: the main window goes, the login window comes; closing it comes back.
+        QTest::mouseClick(f->Boutons[9], Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!Navigation::fenetrePrincipale());
+        QCOMPARE(Session::ModeLogin, std::optional<int>(2));
+        FrmLogin *login = Navigation::fenetreLogin();
+        QVERIFY(login && login->isVisible());
+        QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
+        QVERIFY(Navigation::fenetrePrincipale());
+        QCOMPARE(Session::ModeLogin, std::optional<int>(0));
+        QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[0], Qt::LeftButton);
+        QCOMPARE(Navigation::fenetreLogin()->L[1]->text(), QStringLiteral("Créer un nouveau compte"));
     }
 
     void lAssociationSeFaitAuPremierDemarrageSeulement() {
