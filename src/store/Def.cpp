@@ -68,6 +68,10 @@ int ajouterDocument(Connexion &c, int num, int dossier) {
 
 void definirSelectionGrille(const SelectionGrille *grille) { grilleCourante = grille; }
 
+void oublierSelectionGrille(const SelectionGrille *grille) {
+    if (grilleCourante == grille) grilleCourante = nullptr;
+}
+
 QString nomChampDocument(int indice) {
     static const char *const kNoms[] = {"Titre", "LoginDoc", "MotDePasse", "Url",      "Fichier",
                                         "DateDebut", "DateFin", "Remarques", "Icone"};

@@ -23,6 +23,8 @@ constexpr int kLongueurChamp = 255;
 
 // The grid the operations read their keys from; the main window registers its own.
 void definirSelectionGrille(const SelectionGrille *grille);
+// Forgets the grid if it is still the registered one (a window that goes after its successor came).
+void oublierSelectionGrille(const SelectionGrille *grille);
 
 // A field of a document by its position (3 to 11), or empty when there is none.
 QString nomChampDocument(int indice);

@@ -174,7 +174,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
 
 }
 
-frmMain::~frmMain() { Def::definirSelectionGrille(nullptr); }
+frmMain::~frmMain() { Def::oublierSelectionGrille(MG); }
 
 void frmMain::creerBoutons() {
     for (int i = 0; i < kNbBoutons; ++i) {

@@ -252,6 +252,13 @@ private slots:
         QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
         QVERIFY(Navigation::fenetrePrincipale());
         QCOMPARE(Session::ModeLogin, std::optional<int>(0));
+        // A window that goes after its successor came must not take the new grid from the store with it.
+        Navigation::afficherPrincipale();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        frmMain *nouvelle = Navigation::fenetrePrincipale();
+        nouvelle->MG->SelectLine(3);
+        QVERIFY(EcrireChampDocument(3, QStringLiteral("Titre"), 77));
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents WHERE Num=77")), QStringList{QStringLiteral("1")});
         QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[0], Qt::LeftButton);
         QCOMPARE(Navigation::fenetreLogin()->L[1]->text(), QStringLiteral("Créer un nouveau compte"));
     }
