@@ -8,6 +8,7 @@
 #include "store/Session.h"
 #include "support/BaseExemple.h"
 #include "ui/Messages.h"
+#include "workspace/Chargement.h"
 #include "workspace/frmMain.h"
 
 #include <QApplication>
@@ -58,6 +59,12 @@ void BM_ChargerMG(benchmark::State &s) {
     Navigation::fermerTout();
 }
 
+// The reading and deciphering alone, without the grid.
+void BM_LireArbre(benchmark::State &s) {
+    environnement();
+    for (auto _ : s) benchmark::DoNotOptimize(Chargement::lireArbre(1));
+}
+
 void BM_RequeteNue(benchmark::State &s) {
     environnement();
     for (auto _ : s) {
@@ -76,6 +83,7 @@ void BM_RequeteNue(benchmark::State &s) {
 }  // namespace
 
 BENCHMARK(BM_ChargerMG)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LireArbre)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RequeteNue)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv) {

@@ -177,15 +177,21 @@ const std::array<LigneCode, 94> &TableCodes() { return kTable; }
 QString CrypterChamp(const QString &texte) {
     const auto &index = Cryptage::indexChiffrement();
     const auto &table = Cryptage::TableCodes();
-    QString resultat;
-    resultat.reserve(texte.size() * 3);
+    // Written straight into a buffer of the largest size, then cut to what was written.
+    QString resultat(texte.size() * 3, Qt::Uninitialized);
+    QChar *sortie = resultat.data();
     for (const QChar qc : texte) {
         const int ligne = index.ligne(qc.unicode());
-        if (ligne >= 0)
-            resultat.append(reinterpret_cast<const QChar *>(table[ligne].code), 3);
-        else
-            resultat.append(qc);
+        if (ligne >= 0) {
+            const char16_t *code = table[ligne].code;
+            *sortie++ = QChar(code[0]);
+            *sortie++ = QChar(code[1]);
+            *sortie++ = QChar(code[2]);
+        } else {
+            *sortie++ = qc;
+        }
     }
+    resultat.truncate(sortie - resultat.constData());
     return resultat;
 }
 
@@ -194,17 +200,21 @@ QString DecrypterChamp(const QString &texte) {
     const auto &table = Cryptage::TableCodes();
     const qsizetype n = texte.size();
     const QChar *d = texte.constData();
-    QString resultat;
-    resultat.reserve(n / 3 + 3);
+    QString resultat(n, Qt::Uninitialized);
+    QChar *sortie = resultat.data();
     qsizetype pos = 0;
     for (; pos + 3 <= n; pos += 3) {
         const int ligne = index.ligne(d[pos].unicode(), d[pos + 1].unicode(), d[pos + 2].unicode());
-        if (ligne >= 0)
-            resultat.append(QChar(table[ligne].clair));
-        else
-            resultat.append(d + pos, 3);
+        if (ligne >= 0) {
+            *sortie++ = QChar(table[ligne].clair);
+        } else {
+            *sortie++ = d[pos];
+            *sortie++ = d[pos + 1];
+            *sortie++ = d[pos + 2];
+        }
     }
     // A tail of one or two characters can match no code.
-    if (pos < n) resultat.append(d + pos, n - pos);
+    for (; pos < n; ++pos) *sortie++ = d[pos];
+    resultat.truncate(sortie - resultat.constData());
     return resultat;
 }
