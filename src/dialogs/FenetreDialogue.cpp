@@ -51,16 +51,6 @@ FenetreDialogue::FenetreDialogue(frmMain *principale)
 
 frmMain *FenetreDialogue::principale() const { return principale_; }
 
-void FenetreDialogue::executer() {
-    setWindowModality(parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
-    show();
-    activateWindow();
-    QEventLoop boucle;
-    connect(this, &FenetreDialogue::fermee, &boucle, &QEventLoop::quit);
-    connect(this, &QObject::destroyed, &boucle, &QEventLoop::quit);
-    boucle.exec();
-}
-
 QColor FenetreDialogue::couleurReglage(int valeur) {
     return QColor(valeur & 0xff, (valeur >> 8) & 0xff, (valeur >> 16) & 0xff);
 }
@@ -107,7 +97,3 @@ void FenetreDialogue::finDeplacement() {
     if (principale_ && principale_->MG) principale_->MG->Redraw(true);
 }
 
-void FenetreDialogue::closeEvent(QCloseEvent *e) {
-    FenetreCadre::closeEvent(e);
-    emit fermee();
-}

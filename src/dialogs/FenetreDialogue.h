@@ -31,16 +31,10 @@ private:
 class FenetreDialogue : public FenetreCadre {
     Q_OBJECT
 public:
-    // Shows the dialog modal over the main window and returns when it is closed.
-    void executer();
-
     frmMain *principale() const;
 
     // A colour of the settings (red in the low byte) as Qt takes it.
     static QColor couleurReglage(int valeur);
-
-signals:
-    void fermee();
 
 protected:
     // principale may be null: the dialog then works alone and reloads nothing.
@@ -55,7 +49,6 @@ protected:
     static void colorerLibelle(QLabel *libelle, int couleur, bool pastille);
 
     void finDeplacement() override;
-    void closeEvent(QCloseEvent *e) override;
 
 private:
     QPointer<frmMain> principale_;

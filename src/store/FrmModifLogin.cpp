@@ -8,8 +8,7 @@
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
 
-#include <QCloseEvent>
-#include <QEventLoop>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
@@ -69,19 +68,6 @@ FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
     Pass->setText(QString(Session::PassCourant.size() * 2, u'*'));
 
     connect(this, &FenetreCadre::fermetureDemandee, this, &QWidget::close);
-}
-
-void FrmModifLogin::executer() {
-    setWindowModality(Qt::ApplicationModal);
-    show();
-    QEventLoop boucle;
-    connect(this, &FrmModifLogin::fermee, &boucle, &QEventLoop::quit);
-    boucle.exec();
-}
-
-void FrmModifLogin::closeEvent(QCloseEvent *e) {
-    FenetreCadre::closeEvent(e);
-    emit fermee();
 }
 
 void FrmModifLogin::clicOK() {

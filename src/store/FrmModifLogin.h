@@ -13,20 +13,11 @@ class FrmModifLogin : public FenetreCadre {
 public:
     explicit FrmModifLogin(QWidget *parent = nullptr);
 
-    // Shows the window modally and returns when it is closed.
-    void executer();
-
     QLineEdit *Login = nullptr;
     QLineEdit *Pass = nullptr;
     QLineEdit *Pass2 = nullptr;
     BoutonImage *OK = nullptr;
     std::array<QLabel *, 2> L{};  // 0 "Vérification", 1 the heading
-
-signals:
-    void fermee();
-
-protected:
-    void closeEvent(QCloseEvent *e) override;
 
 private:
     void ChercherLogin();

@@ -3,6 +3,8 @@
 #include "Art.h"
 #include "BoutonImage.h"
 
+#include <QCloseEvent>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -78,6 +80,21 @@ FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::F
         Im_Commande->relacher();
         emit fermetureDemandee();
     });
+}
+
+void FenetreCadre::executer() {
+    setWindowModality(parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
+    show();
+    activateWindow();
+    QEventLoop boucle;
+    connect(this, &FenetreCadre::fermee, &boucle, &QEventLoop::quit);
+    connect(this, &QObject::destroyed, &boucle, &QEventLoop::quit);
+    boucle.exec();
+}
+
+void FenetreCadre::closeEvent(QCloseEvent *e) {
+    QWidget::closeEvent(e);
+    if (e->isAccepted()) emit fermee();
 }
 
 BoutonImage *FenetreCadre::creerBoutonOK() {

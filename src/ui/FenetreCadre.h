@@ -58,6 +58,9 @@ public:
     // Sets the size of the content area; the frame adds its strips around it.
     void definirTailleContenu(const QSize &taille);
     bool deplacementEnCours() const { return DeplacementEnCours; }
+    // Shows the window modal (over its parent when it has one) and returns when it is closed.
+    void executer();
+
     // The confirm button every dialog has, in the content area.
     BoutonImage *creerBoutonOK();
     // Places the window in the middle of the screen it is on.
@@ -65,11 +68,13 @@ public:
 
 signals:
     void fermetureDemandee();  // Im_Commande clicked while pressed; it is released by the handler
+    void fermee();             // the window was closed
 
 protected:
     // Called when a drag of the window ends, for windows that remember their place.
     virtual void finDeplacement() {}
     void resizeEvent(QResizeEvent *) override;
+    void closeEvent(QCloseEvent *e) override;
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:
