@@ -11,6 +11,13 @@ namespace {
 QPointer<FrmLogin> login;
 QPointer<frmMain> principale;
 
+// The window that comes takes the keyboard: typing goes to it at once.
+void montrer(QWidget *w) {
+    w->show();
+    w->raise();
+    w->activateWindow();
+}
+
 void fermer(QWidget *w) {
     if (!w) return;
     w->hide();
@@ -26,7 +33,7 @@ void afficherPrincipale() {
     login = nullptr;
     fermer(principale);
     principale = new frmMain;
-    principale->show();
+    montrer(principale);
 }
 
 void afficherLogin() {
@@ -37,7 +44,7 @@ void afficherLogin() {
     QObject::connect(login, &FrmLogin::reussite, login, [] { afficherPrincipale(); });
     QObject::connect(login, &FrmLogin::retour, login, [] { afficherPrincipale(); });
     login->charger();
-    if (login && !login->connexionReussie()) login->show();
+    if (login && !login->connexionReussie()) montrer(login);
 }
 
 void fermerTout() {

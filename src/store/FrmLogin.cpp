@@ -67,6 +67,7 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     Pass->setGeometry(190, 60, 170, 26);
     OK->setGeometry(286, 104, 74, 32);
     setTabOrder(Login, Pass);
+    Login->setFocus();
 
     EnteteB->definirTexte(Chaine(154).trimmed());
 
