@@ -1,24 +1,24 @@
 #include "Art.h"
 
 #include <QHash>
+#include <memory>
+#include <unordered_map>
 #include <QPainter>
 #include <QSvgRenderer>
 
 namespace Art {
 
 namespace {
+// One renderer a picture, kept for the whole run; a missing picture is remembered as none.
 QSvgRenderer *rendu(const QString &nom) {
-    static QHash<QString, QSvgRenderer *> rendus;
+    static std::unordered_map<QString, std::unique_ptr<QSvgRenderer>> rendus;
     auto it = rendus.find(nom);
     if (it == rendus.end()) {
-        auto *r = new QSvgRenderer(QStringLiteral(":/art/%1.svg").arg(nom));
-        if (!r->isValid()) {
-            delete r;
-            r = nullptr;
-        }
-        it = rendus.insert(nom, r);
+        auto r = std::make_unique<QSvgRenderer>(QStringLiteral(":/art/%1.svg").arg(nom));
+        if (!r->isValid()) r.reset();
+        it = rendus.emplace(nom, std::move(r)).first;
     }
-    return *it;
+    return it->second.get();
 }
 }  // namespace
 
