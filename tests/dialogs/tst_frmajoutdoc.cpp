@@ -1,15 +1,12 @@
 // The document dialog through its real controls, on a base of the test's own.
 
-#include "app/Navigation.h"
 #include "dialogs/FrmAjoutDoc.h"
-#include "grid/MyCoolGrid.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
 #include "ui/BoutonImage.h"
-#include "workspace/frmMain.h"
 
 #include <QCalendarWidget>
 #include <QFrame>
@@ -77,7 +74,6 @@ private slots:
         Def::definirSelectionGrille(&selection);
     }
     void cleanup() {
-        Navigation::fermerTout();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         Def::definirSelectionGrille(nullptr);
         env.reset();
@@ -198,42 +194,6 @@ private slots:
         QVERIFY(!f.isVisible());
         QCOMPARE(sql(QStringLiteral("SELECT Num, Titre, MotDePasse, Icone FROM Documents")),
                  QStringList{QStringLiteral("1|Impôts|motdepasse|0")});
-    }
-
-    void laGrilleDeLaFenetrePrincipaleMontreLeNouveauDocument() {
-        Def::definirSelectionGrille(nullptr);
-        Navigation::afficherPrincipale();
-        frmMain *m = Navigation::fenetrePrincipale();
-        QVERIFY(m);
-        int ligne = -1;
-        for (int i = 2; i < m->MG->NbLignes && ligne < 0; ++i)
-            if (m->MG->IsLigneParent(i) && m->MG->GetColumnInfos(i, 3).trimmed() == QStringLiteral("Favoris")) ligne = i;
-        QVERIFY(ligne >= 2);
-        m->MG->SelectLine(ligne);
-        const QString numDossier = m->MG->GetColumnInfos(ligne, 17);
-
-        FrmAjoutDoc f(m);
-        // The frame shows the grid's folder picture; taking it left the grid unpainted
-        // until the dialog is dragged.
-        QCOMPARE(static_cast<PanneauStock *>(f.Fond[2])->image().toImage(), m->MG->GetCellPicture(2).toImage());
-        QVERIFY(!m->MG->Redraw());
-        QVERIFY(f.L[2]->styleSheet().contains(QStringLiteral("color: #ffffff")));  // white by default here
-        f.L[2]->setText(QStringLiteral("Favoris"));
-        ouvrir(f);
-        QTest::mousePress(f.L[0], Qt::LeftButton);
-        QTest::mouseRelease(f.L[0], Qt::LeftButton);
-        QVERIFY(m->MG->Redraw());
-
-        taper(f.Saisie[0], QStringLiteral(" Journal"));
-        taper(f.Saisie[1], QStringLiteral("lecteur"));
-        QTest::keyClick(f.Saisie[0], Qt::Key_Return);
-        QVERIFY(!f.isVisible());
-        QCOMPARE(sql(QStringLiteral("SELECT NumCompte, NumDossier, Titre FROM Documents")),
-                 QStringList{QStringLiteral("1|%1| Journal").arg(numDossier)});
-        // Reloaded whole: the document right under its folder, plain text read back unchanged.
-        QCOMPARE(m->MG->GetColumnInfos(ligne + 1, 3), QStringLiteral(" Journal"));
-        QCOMPARE(m->MG->GetColumnInfos(ligne + 1, 4), QStringLiteral("lecteur"));
-        QCOMPARE(m->MG->GetColumnInfos(ligne, 3).trimmed(), QStringLiteral("Favoris"));
     }
 };
 

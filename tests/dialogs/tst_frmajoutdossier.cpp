@@ -1,13 +1,10 @@
 // The folder dialog through its real controls, on a base of the test's own.
 
-#include "app/Navigation.h"
 #include "dialogs/FrmAjoutDossier.h"
-#include "grid/MyCoolGrid.h"
 #include "store/Comptes.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
 #include "ui/BoutonImage.h"
-#include "workspace/frmMain.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -29,13 +26,6 @@ class TestFrmAjoutDossier : public QObject {
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
     }
-    // The folder names the grid shows, from row 2 on, without the grid's leading blank.
-    QStringList nomsGrille(MyCoolGrid *g) {
-        QStringList noms;
-        for (int i = 2; i < g->NbLignes; ++i)
-            if (g->IsLigneParent(i)) noms << g->GetColumnInfos(i, 3).mid(1);
-        return noms;
-    }
 
 private slots:
     void init() {
@@ -47,7 +37,6 @@ private slots:
                                                                 "INSERT INTO Dossiers VALUES (2, 10, 'Autre compte');"));
     }
     void cleanup() {
-        Navigation::fermerTout();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         env.reset();
     }
@@ -88,31 +77,6 @@ private slots:
         QCOMPARE(Messages::affiches(), QStringList());
         QCOMPARE(dossiers(), (QStringList{QStringLiteral("1|10| Banques en ligne "), QStringLiteral("1|57|  Impôts "),
                                           QStringLiteral("2|10|Autre compte")}));
-    }
-
-    void laGrilleDeLaFenetrePrincipaleSuitLesDossiers() {
-        Reglages::ecrire(Reglages::Cle::CouleurTitre, 0x0000ff);  // red in the low byte
-        Navigation::afficherPrincipale();
-        frmMain *m = Navigation::fenetrePrincipale();
-        QVERIFY(m);
-        QCOMPARE(nomsGrille(m->MG), QStringList{QStringLiteral("Banque")});
-        {
-            FrmAjoutDossier f(m);
-            QVERIFY(f.L[0]->styleSheet().contains(QStringLiteral("color: #ff0000")));
-            ouvrir(f, QStringLiteral("Achats"), QStringLiteral("11"));
-            QTest::keyClick(f.Saisie, Qt::Key_Return);
-            QVERIFY(!f.isVisible());
-        }
-        // Two folders of the same name are both listed, by name.
-        QCOMPARE(nomsGrille(m->MG), (QStringList{QStringLiteral("Achats"), QStringLiteral("Banque")}));
-        const int ligne = 3;
-        QCOMPARE(m->MG->GetColumnInfos(ligne, 17), QStringLiteral("10"));
-        FrmAjoutDossier g(m);
-        ouvrir(g, QStringLiteral("Achats"), m->MG->GetColumnInfos(ligne, 17));
-        QTest::mouseClick(g.OK, Qt::LeftButton);
-        QVERIFY(!g.isVisible());
-        QCOMPARE(nomsGrille(m->MG), (QStringList{QStringLiteral("Achats"), QStringLiteral("Achats")}));
-        QCOMPARE(dossiers(), (QStringList{QStringLiteral("1|10|Achats"), QStringLiteral("1|11|Achats"), QStringLiteral("2|10|Autre compte")}));
     }
 };
 

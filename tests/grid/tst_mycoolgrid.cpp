@@ -1,5 +1,4 @@
 // The grid widget as its owner sees it: mouse clicks, the events, the painting.
-#include "grid/Apercu.h"
 #include "grid/GrilleExemple.h"
 #include "grid/MyCoolGrid.h"
 #include "support/EnvironnementTest.h"
@@ -82,13 +81,6 @@ private slots:
         QCOMPARE(g.GetCellPicture(0).size(), QSize(400, 20));  // the title band
         QCOMPARE(g.GetCellPicture(2).size(), QSize(16, 16));   // the folder
         QVERIFY(g.GetCellPicture(99).isNull());
-    }
-
-    void apercu() {
-        EnvironnementTest env;
-        const QString chemin = env.chemin(QStringLiteral("grille.png"));
-        QVERIFY(grille::rendreApercu(chemin));
-        QVERIFY(QImage(chemin).width() > 700);
     }
 };
 

@@ -1,11 +1,8 @@
-// The window kit: numbered strings, latching picture buttons, the frame.
+// The window kit: numbered strings and latching picture buttons.
 
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
-#include "ui/FenetreCadre.h"
 
-#include <QLabel>
-#include <QSignalSpy>
 #include <QTest>
 
 class TestKit : public QObject {
@@ -43,21 +40,6 @@ private slots:
         });
         QTest::mouseClick(&b, Qt::LeftButton);
         QCOMPARE(actions, 1);
-    }
-
-    void leCadreEntoureLeContenuEtSeFermeParSonBouton() {
-        FenetreCadre f;
-        f.definirTailleContenu(QSize(300, 200));
-        f.show();
-        QCOMPARE(f.FondBleu->size(), QSize(300, 200));
-        QCOMPARE(f.Fond[0]->height(), FenetreCadre::kHautEntete);
-        QCOMPARE(f.EnteteB->geometry().bottom(), f.height() - 1);
-        QCOMPARE(f.Im_Commande->toolTip(), QStringLiteral("Fermer"));
-        QVERIFY(!(f.windowFlags() & Qt::WindowTitleHint) || (f.windowFlags() & Qt::FramelessWindowHint));
-        QSignalSpy fermeture(&f, &FenetreCadre::fermetureDemandee);
-        QTest::mouseClick(f.Im_Commande, Qt::LeftButton);
-        QCOMPARE(fermeture.count(), 1);
-        QVERIFY(!f.Im_Commande->estEnfonce());
     }
 };
 
