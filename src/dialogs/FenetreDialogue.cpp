@@ -6,8 +6,6 @@
 #include "ui/Messages.h"
 #include "workspace/frmMain.h"
 
-#include <QCloseEvent>
-#include <QEventLoop>
 #include <QLabel>
 #include <QPainter>
 

@@ -1,6 +1,5 @@
 #include "Art.h"
 
-#include <QHash>
 #include <memory>
 #include <unordered_map>
 #include <QPainter>

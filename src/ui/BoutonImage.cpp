@@ -3,7 +3,6 @@
 #include "Art.h"
 
 #include <QPainter>
-#include <QStyleOption>
 
 BoutonImage::BoutonImage(QWidget *parent) : QAbstractButton(parent) {
     setCheckable(true);
@@ -45,11 +44,8 @@ void BoutonImage::paintEvent(QPaintEvent *) {
     if (!image.isNull()) {
         const QSize t = image.size() / image.devicePixelRatio();
         const int gauche = text().isEmpty() ? (width() - t.width()) / 2 : 3;
-        QPixmap dessin = image;
-        if (!isEnabled()) {
-            p.setOpacity(0.35);
-        }
-        p.drawPixmap(QPoint(gauche, (height() - t.height()) / 2) + decalage, dessin);
+        if (!isEnabled()) p.setOpacity(0.35);
+        p.drawPixmap(QPoint(gauche, (height() - t.height()) / 2) + decalage, image);
         p.setOpacity(1.0);
         x = gauche + t.width() + 6;
     }
