@@ -1,5 +1,7 @@
 #include "Cryptage.h"
 
+#include <QStringList>
+
 #include <cstdint>
 
 namespace Cryptage {
@@ -193,6 +195,50 @@ QString CrypterChamp(const QString &texte) {
     }
     resultat.truncate(sortie - resultat.constData());
     return resultat;
+}
+
+QStringList HorsAlphabet(const QString &texte) {
+    const auto &index = Cryptage::indexChiffrement();
+    QStringList hors;
+    // By whole characters: a sign beyond the basic plane is one character, not two halves.
+    for (qsizetype i = 0; i < texte.size(); ++i) {
+        if (index.ligne(texte.at(i).unicode()) >= 0) continue;
+        const qsizetype n = texte.at(i).isHighSurrogate() && i + 1 < texte.size() && texte.at(i + 1).isLowSurrogate() ? 2 : 1;
+        const QString c = texte.mid(i, n);
+        if (!hors.contains(c)) hors.append(c);
+        i += n - 1;
+    }
+    return hors;
+}
+
+namespace {
+// A character as a user can read it in a message: blanks and controls by name.
+QString nommerCaractere(const QString &c) {
+    const char32_t u = c.size() == 2 ? QChar::surrogateToUcs4(c.at(0), c.at(1)) : c.at(0).unicode();
+    switch (u) {
+    case U'\t': return QStringLiteral("la tabulation");
+    case U'\n':
+    case U'\r': return QStringLiteral("le retour à la ligne");
+    case U'\u00a0':
+    case U'\u202f': return QStringLiteral("l'espace insécable");
+    default: break;
+    }
+    if (QChar::isSpace(u)) return QStringLiteral("un espace spécial");
+    if (!QChar::isPrint(u))
+        return QStringLiteral("le caractère invisible U+%1").arg(QString::number(uint(u), 16).toUpper().rightJustified(4, u'0'));
+    return QStringLiteral("« %1 »").arg(c);
+}
+}  // namespace
+
+QString MessageHorsAlphabet(const QString &texte) {
+    QStringList noms = HorsAlphabet(texte);
+    if (noms.isEmpty()) return {};
+    for (QString &c : noms) c = nommerCaractere(c);
+    return (noms.size() == 1 ? QStringLiteral("Ce caractère ne peut pas être enregistré : %1.")
+                             : QStringLiteral("Ces caractères ne peuvent pas être enregistrés : %1."))
+               .arg(noms.join(QStringLiteral(", "))) +
+           QStringLiteral("\nLes lettres accentuées, le tilde, l'accent grave, la tabulation et les retours à la ligne "
+                          "sont refusés. Remplacez-les, puis recommencez.");
 }
 
 QString DecrypterChamp(const QString &texte) {

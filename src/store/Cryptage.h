@@ -4,6 +4,7 @@
 // the same stored text.
 
 #include <QString>
+#include <QStringList>
 #include <array>
 
 namespace Cryptage {
@@ -20,6 +21,13 @@ const std::array<LigneCode, 94> &TableCodes();
 
 // Plain text to stored text. A character outside the alphabet passes through unchanged.
 QString CrypterChamp(const QString &texte);
+
+// The characters of texte that the cipher can't keep, each once, in order of appearance.
+QStringList HorsAlphabet(const QString &texte);
+
+// The French refusal that names those characters, or the empty text when every
+// character of texte is kept by the cipher.
+QString MessageHorsAlphabet(const QString &texte);
 
 // Stored text to plain text, three characters at a time. A piece that is no code
 // passes through as it stands, so text with characters outside the alphabet does
