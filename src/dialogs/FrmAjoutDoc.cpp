@@ -4,11 +4,13 @@
 #include "store/Def.h"
 #include "store/Reglages.h"
 #include "ui/BoutonImage.h"
+#include "ui/Calendriers.h"
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
 
 #include <QCalendarWidget>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
@@ -137,14 +139,7 @@ void FrmAjoutDoc::creerControles() {
     titreCalendrier->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
     Calendrier = new QCalendarWidget(PanCal);
     Calendrier->setObjectName(QStringLiteral("Calendrier"));
-    Calendrier->setLocale(kFrancais);
-    Calendrier->setFirstDayOfWeek(Qt::Monday);
-    Calendrier->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    Calendrier->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-    Calendrier->setStyleSheet(QStringLiteral(
-        "#qt_calendar_navigationbar { background: #2e3f66; }"
-        "#qt_calendar_navigationbar QToolButton { color: #ffffff; font-weight: bold; background: transparent; }"
-        "QAbstractItemView { selection-background-color: #2e3f66; selection-color: #ffffff; }"));
+    Calendriers::habiller(Calendrier);
     connect(Calendrier, &QCalendarWidget::clicked, this, [this](const QDate &d) { clicCalendrier(d); });
     connect(Calendrier, &QCalendarWidget::activated, this, [this](const QDate &d) { clicCalendrier(d); });
     PanCal->resize(kTailleCalendrier);
@@ -246,6 +241,16 @@ bool FrmAjoutDoc::enregistrer() {
     }
     rechargerPrincipale();
     return true;
+}
+
+void FrmAjoutDoc::keyPressEvent(QKeyEvent *e) {
+    // Escape first puts the calendar away, and only then closes the dialog.
+    if (e->key() == Qt::Key_Escape && PanCal->isVisible()) {
+        PanCal->hide();
+        if (TagPanCal == kDateDebut || TagPanCal == kDateFin) Saisie[TagPanCal]->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    FenetreDialogue::keyPressEvent(e);
 }
 
 bool FrmAjoutDoc::eventFilter(QObject *objet, QEvent *evenement) {

@@ -56,4 +56,5 @@ private:
     void clicOK();
     bool enregistrer();
     bool eventFilter(QObject *objet, QEvent *evenement) override;
+    void keyPressEvent(QKeyEvent *e) override;
 };

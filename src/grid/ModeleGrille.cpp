@@ -175,6 +175,13 @@ void ModeleGrille::Clear() {
     NbLignes = 0;
     LignesParents.assign(1, 0);
     NbParents = 0;
+    // The rows are gone, and the selection with them: a row number kept across a
+    // reload would name another folder or document.
+    LigneCourante = 0;
+    ligneSel_ = 0;
+    LigneMarquee = 0;
+    LigneGras = 0;
+    CouleurMarquee.clear();
     if (redraw_) demanderAffichage();
 }
 
@@ -195,6 +202,26 @@ void ModeleGrille::SelectLine(int Ligne) {
     logiqueClic();
 }
 
+void ModeleGrille::AllerALigne(int Ligne) {
+    if (!flxGrd.existe(Ligne)) return;
+    ligneSel_ = Ligne;
+    logiqueClic(false);
+}
+
+int ModeleGrille::LigneVisibleVoisine(int Ligne, int sens) const {
+    for (int r = Ligne + (sens < 0 ? -1 : 1); r >= 2 && r < flxGrd.Rows(); r += sens < 0 ? -1 : 1)
+        if (flxGrd.RowHeight(r) > 0) return r;
+    return -1;
+}
+
+int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num) const {
+    for (int r = 2; r < flxGrd.Rows(); ++r) {
+        if (IsLigneParent(r) != dossier || texte(r, kColCle1 + 2) != NumDossier) continue;
+        if (dossier || texte(r, kColCle1 + 1) == Num) return r;
+    }
+    return -1;
+}
+
 void ModeleGrille::Expend(bool Fermer) {
     const QString aBasculer = Fermer ? kOuvert : kFerme;
     for (size_t k = 0; k < LignesParents.size(); ++k) {
@@ -205,7 +232,7 @@ void ModeleGrille::Expend(bool Fermer) {
     }
 }
 
-void ModeleGrille::logiqueClic() {
+void ModeleGrille::logiqueClic(bool basculer) {
     // Rows noted before a Clear may be gone: each step on such a row does nothing.
     auto mettreGras = [this](int ligne, bool gras) {
         if (flxGrd.existe(ligne, 1)) flxGrd.cellule(ligne, 1).gras = gras;
@@ -217,17 +244,7 @@ void ModeleGrille::logiqueClic() {
         if (LigneGras > 0) mettreGras(LigneGras, false);
         mettreGras(ligne, true);
         LigneGras = LigneCourante;
-        const int numero = nombre(texte(ligne, kColNumero));
-        // The children end before the next folder's row, or with the grid.
-        int limite = 0;
-        if (numero >= 0 && size_t(numero) + 1 < LignesParents.size()) limite = LignesParents[size_t(numero) + 1] + 1;
-        if (GetParentEtat(ligne) == kOuvert) {
-            FermerParent(ligne, limite);
-            ecrire(ligne, kColEtat, kFerme);
-        } else {
-            OuvrirParent(ligne, limite);
-            ecrire(ligne, kColEtat, kOuvert);
-        }
+        if (basculer) basculerParent(ligne);
     } else {
         MarquerLigne();
         LigneMarquee = ligne;
@@ -242,6 +259,20 @@ void ModeleGrille::logiqueClic() {
     }
     Redraw(true);
     leverClick();
+}
+
+void ModeleGrille::basculerParent(int ligne) {
+    const int numero = nombre(texte(ligne, kColNumero));
+    // The children end before the next folder's row, or with the grid.
+    int limite = 0;
+    if (numero >= 0 && size_t(numero) + 1 < LignesParents.size()) limite = LignesParents[size_t(numero) + 1] + 1;
+    if (GetParentEtat(ligne) == kOuvert) {
+        FermerParent(ligne, limite);
+        ecrire(ligne, kColEtat, kFerme);
+    } else {
+        OuvrirParent(ligne, limite);
+        ecrire(ligne, kColEtat, kOuvert);
+    }
 }
 
 void ModeleGrille::FermerParent(int Ligne, int limite) {

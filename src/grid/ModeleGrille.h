@@ -44,6 +44,18 @@ public:
     bool HasLigneFils(int Ligne) const;
     bool IsLigneParent(int Ligne) const;
     void SelectLine(int Ligne);  // as a click on the row would, Click included
+    // The keyboard's move: as a click on the row, Click included, but a folder is
+    // neither opened nor closed.
+    void AllerALigne(int Ligne);
+    // Rows a user can see and choose (from row 2, not inside a closed folder): the
+    // next one after Ligne in the direction sens (+1 or -1), the first and the last;
+    // -1 when there is none.
+    int LigneVisibleVoisine(int Ligne, int sens) const;
+    int PremiereLigneVisible() const { return LigneVisibleVoisine(1, 1); }
+    int DerniereLigneVisible() const { return LigneVisibleVoisine(flxGrd.Rows(), -1); }
+    // The row of the folder of key Num (column 17), or of the document of keys Num
+    // and NumDossier (columns 16 and 17); -1 when the grid has none.
+    int LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num = QString()) const;
     void Clear();
     // limite is the row after the next folder's row, or 0 for the last folder.
     void OuvrirParent(int Ligne, int limite);
@@ -107,10 +119,15 @@ protected:
     virtual void leverClick() {}
     virtual void appliquerCadre() {}     // Appearance or BorderStyle changed
     virtual void appliquerEnabled() {}
-    virtual int decalageVertical() const { return 0; }  // how far row 0 lies above the control's top
+    // How far the row lies above where row 0 would put it: the scroll, for the rows that scroll.
+    virtual int decalageVertical(int ligne) const {
+        (void)ligne;
+        return 0;
+    }
 
 private:
-    void logiqueClic();
+    void logiqueClic(bool basculer = true);
+    void basculerParent(int ligne);
     void calculerLargeurs();
     void ecrire(int ligne, int colonne, const QString &valeur);
 

@@ -125,7 +125,7 @@ QString ModeleGrille::GetColumnInfos(int Ligne, int Colonne, int &Largeur, int &
     if (!flxGrd.existe(Ligne, Colonne)) return QString();
     Largeur = flxGrd.largeurPixels(Colonne);
     const QString resultat = flxGrd.cellule(Ligne, Colonne).texte;
-    Haut = flxGrd.hautPixels(Ligne) - decalageVertical();
+    Haut = flxGrd.hautPixels(Ligne) - decalageVertical(Ligne);
     Hauteur = flxGrd.hauteurPixels(Ligne);
     Redraw(true);
     return resultat;

@@ -2,7 +2,9 @@
 
 #include "ui/Art.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -58,6 +60,7 @@ MyCoolGrid::MyCoolGrid(QWidget *parent) : QAbstractScrollArea(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     verticalScrollBar()->setSingleStep(grille::Grille::enPixels(grille::kHauteurDefaut));
+    setFocusPolicy(Qt::StrongFocus);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     appliquerCadre();
     Redimensionner(viewport()->width());
@@ -66,8 +69,12 @@ MyCoolGrid::MyCoolGrid(QWidget *parent) : QAbstractScrollArea(parent) {
 
 QString MyCoolGrid::texteSelection(int colonne) const { return texte(LigneCourante, colonne); }
 
-// Rows start inside the frame, and move up as the grid scrolls.
-int MyCoolGrid::decalageVertical() const { return verticalScrollBar()->value() - viewport()->y(); }
+// Rows start inside the frame; those below the headings move up as the grid scrolls.
+int MyCoolGrid::decalageVertical(int ligne) const {
+    return (ligne >= 2 ? verticalScrollBar()->value() : 0) - viewport()->y();
+}
+
+int MyCoolGrid::hauteurEntetes() const { return cellules().hautPixels(qMin(2, cellules().Rows())); }
 
 void MyCoolGrid::demanderAffichage() {
     // Operations come by the thousand during a load: one repaint for all of them.
@@ -86,7 +93,7 @@ void MyCoolGrid::demanderAffichage() {
 void MyCoolGrid::actualiserDefilement() {
     QScrollBar *barre = verticalScrollBar();
     const int page = viewport()->height();
-    barre->setPageStep(page);
+    barre->setPageStep(qMax(1, page - hauteurEntetes()));
     barre->setRange(0, qMax(0, cellules().hauteurTotalePixels() - page));
 }
 
@@ -113,14 +120,18 @@ void MyCoolGrid::appliquerCadre() {
 
 void MyCoolGrid::SelectLine(int Ligne) {
     ModeleGrille::SelectLine(Ligne);
-    if (!cellules().existe(Ligne) || cellules().hauteurPixels(Ligne) == 0) return;
+    rendreVisible(Ligne);
+}
+
+void MyCoolGrid::rendreVisible(int Ligne) {
+    if (Ligne < 2 || !cellules().existe(Ligne) || cellules().hauteurPixels(Ligne) == 0) return;
     actualiserDefilement();
     QScrollBar *barre = verticalScrollBar();
     const int haut = cellules().hautPixels(Ligne);
     const int bas = haut + cellules().hauteurPixels(Ligne);
-    if (haut < barre->value())
-        barre->setValue(haut);
-    else if (bas > barre->value() + viewport()->height())
+    if (haut - barre->value() < hauteurEntetes())
+        barre->setValue(haut - hauteurEntetes());
+    else if (bas - barre->value() > viewport()->height())
         barre->setValue(bas - viewport()->height());
 }
 
@@ -135,7 +146,117 @@ QPixmap MyCoolGrid::GetCellPicture(int Ligne) {
 }
 
 int MyCoolGrid::ligneSous(const QPoint &position) const {
-    return cellules().ligneAuPixel(position.y() + verticalScrollBar()->value());
+    const int y = position.y();
+    return cellules().ligneAuPixel(y < hauteurEntetes() ? y : y + verticalScrollBar()->value());
+}
+
+int MyCoolGrid::lignePage(int sens) const {
+    const grille::Grille &g = cellules();
+    if (LigneCourante < 2 || !g.existe(LigneCourante)) return PremiereLigneVisible();
+    const int page = qMax(1, viewport()->height() - hauteurEntetes());
+    const int y = qBound(g.hautPixels(2), g.hautPixels(LigneCourante) + sens * page, g.hauteurTotalePixels() - 1);
+    const int ligne = g.ligneAuPixel(y);
+    if (ligne >= 2) return ligne;
+    return sens > 0 ? DerniereLigneVisible() : PremiereLigneVisible();
+}
+
+void MyCoolGrid::keyPressEvent(QKeyEvent *evenement) {
+    const int courante = cellules().existe(LigneCourante) ? LigneCourante : 0;
+    const bool choisie = courante >= 2;
+    int cible = -1;
+    switch (evenement->key()) {
+    case Qt::Key_Down:
+        cible = choisie ? LigneVisibleVoisine(courante, 1) : PremiereLigneVisible();
+        break;
+    case Qt::Key_Up:
+        cible = choisie ? LigneVisibleVoisine(courante, -1) : PremiereLigneVisible();
+        break;
+    case Qt::Key_PageDown:
+        cible = lignePage(1);
+        break;
+    case Qt::Key_PageUp:
+        cible = lignePage(-1);
+        break;
+    case Qt::Key_Home:
+        cible = PremiereLigneVisible();
+        break;
+    case Qt::Key_End:
+        cible = DerniereLigneVisible();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        // On a folder, as a click: it opens or closes. On a document, Enter edits it.
+        if (choisie && IsLigneParent(courante))
+            SelectLine(courante);
+        else if (choisie && evenement->key() != Qt::Key_Space)
+            emit EditionDemandee();
+        return;
+    case Qt::Key_F2:
+        if (choisie && !IsLigneParent(courante)) emit EditionDemandee();
+        return;
+    case Qt::Key_Delete:
+        emit SuppressionDemandee();
+        return;
+    default:
+        QAbstractScrollArea::keyPressEvent(evenement);
+        return;
+    }
+    if (cible < 2) return;
+    if (cible != courante) AllerALigne(cible);
+    rendreVisible(cible);
+}
+
+void MyCoolGrid::focusInEvent(QFocusEvent *evenement) {
+    QAbstractScrollArea::focusInEvent(evenement);
+    viewport()->update();
+}
+
+void MyCoolGrid::focusOutEvent(QFocusEvent *evenement) {
+    QAbstractScrollArea::focusOutEvent(evenement);
+    viewport()->update();
+}
+
+void MyCoolGrid::bordsColonnes(int *bords) const {
+    bords[0] = 0;
+    for (int c = 0; c < kColonnesPeintes; ++c) bords[c + 1] = bords[c] + cellules().largeurPixels(c);
+}
+
+QString MyCoolGrid::texteCoupe(const QPoint &position) {
+    const grille::Grille &g = cellules();
+    const int ligne = ligneSous(position);
+    if (ligne < 0) return {};
+    int bords[kColonnesPeintes + 1];
+    bordsColonnes(bords);
+    int c = 0;
+    while (c < kColonnesPeintes && position.x() >= bords[c + 1]) ++c;
+    if (c >= kColonnesPeintes) return {};
+    // The run of equal texts that paints as one cell, as the painting merges it.
+    int debut = c, fin = c;
+    const QString &texte = g.cellule(ligne, c).texte;
+    if (g.MergeRow(ligne) && !texte.isEmpty()) {
+        while (debut > 0 && g.cellule(ligne, debut - 1).texte == texte) --debut;
+        while (fin + 1 < kColonnesPeintes && g.cellule(ligne, fin + 1).texte == texte) ++fin;
+    }
+    const Cellule &cel = g.cellule(ligne, debut);
+    QString visible = cel.texte;
+    while (visible.endsWith(u' ')) visible.chop(1);
+    if (visible.trimmed().isEmpty()) return {};
+    int largeur = qMin(bords[fin + 1], viewport()->width()) - bords[debut] - 2 * kMarge;
+    if (cel.source != Source::Aucune && !bande(cel)) largeur -= kCotePicto + kMarge + 1;
+    return policePour(cel).mesures.horizontalAdvance(visible) > largeur ? visible.trimmed() : QString();
+}
+
+bool MyCoolGrid::viewportEvent(QEvent *evenement) {
+    if (evenement->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(evenement);
+    // A text cut by its column shows whole under the pointer.
+    auto *aide = static_cast<QHelpEvent *>(evenement);
+    const QString texte = texteCoupe(aide->pos());
+    if (texte.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(aide->globalPos(), texte, viewport());
+    return true;
 }
 
 void MyCoolGrid::mousePressEvent(QMouseEvent *evenement) {
@@ -209,18 +330,40 @@ void MyCoolGrid::paintEvent(QPaintEvent *evenement) {
     QPainter p(viewport());
     const QRect zone = evenement->rect();
     p.fillRect(zone, couleur(g.BackColorBkg));
-    int bords[kColonnesPeintes + 1] = {0};
-    for (int c = 0; c < kColonnesPeintes; ++c) bords[c + 1] = bords[c] + g.largeurPixels(c);
+    int bords[kColonnesPeintes + 1];
+    bordsColonnes(bords);
+    const int largeur = viewport()->width();
+    const int entetes = hauteurEntetes();
+    const int decalage = verticalScrollBar()->value();
 
+    // The rows that scroll, below the headings; then the headings, which stay.
+    const QRect defilee = zone & QRect(0, entetes, largeur, viewport()->height() - entetes);
+    if (!defilee.isEmpty()) {
+        p.save();
+        p.setClipRect(defilee);
+        peindreLignes(p, 2, g.Rows() - 1, decalage, defilee, bords);
+        // Where the keyboard stands, while the grid has it.
+        if (hasFocus() && LigneCourante >= 2 && g.existe(LigneCourante) && g.hauteurPixels(LigneCourante) > 0) {
+            p.setPen(QPen(QColor(0x2e, 0x3f, 0x66), 1, Qt::DotLine));
+            p.setBrush(Qt::NoBrush);
+            p.drawRect(0, g.hautPixels(LigneCourante) - decalage, largeur - 1, g.hauteurPixels(LigneCourante) - 1);
+        }
+        p.restore();
+    }
+    const QRect fixe = zone & QRect(0, 0, largeur, entetes);
+    if (!fixe.isEmpty()) peindreLignes(p, 0, 1, 0, fixe, bords);
+}
+
+void MyCoolGrid::peindreLignes(QPainter &p, int premiere, int derniere, int decalage, const QRect &zone, const int *bords) {
     // From the row under the top of the area, row by row; rows of height 0 are
     // stepped over by the search, so a screen costs the same whatever the grid holds.
-    const int decalage = verticalScrollBar()->value();
+    const grille::Grille &g = cellules();
     const int largeur = viewport()->width();
-    for (int ligne = g.ligneAuPixel(decalage + zone.top()); ligne >= 0;) {
+    for (int ligne = g.ligneAuPixel(decalage + zone.top()); ligne >= 0 && ligne <= derniere;) {
         const int haut = g.hautPixels(ligne) - decalage;
         if (haut > zone.bottom()) break;
         const int hauteur = g.hauteurPixels(ligne);
-        peindreLigne(p, ligne, QRect(0, haut, largeur, hauteur), bords);
+        if (ligne >= premiere) peindreLigne(p, ligne, QRect(0, haut, largeur, hauteur), bords);
         ligne = g.ligneAuPixel(decalage + haut + hauteur);
     }
 }
@@ -247,7 +390,7 @@ void MyCoolGrid::peindreLigne(QPainter &p, int ligne, const QRect &rect, const i
 void MyCoolGrid::peindreCellule(QPainter &p, const Cellule &cel, const QRect &rect, int bandeLigne) {
     const grille::Grille &g = cellules();
     p.save();
-    p.setClipRect(rect);
+    p.setClipRect(rect, Qt::IntersectClip);
     p.fillRect(rect, couleur(cel.couleurFond != 0 ? cel.couleurFond : g.BackColor));
     const ImageTitre *bandeCellule = bande(cel);
     if (const ImageTitre *b = bandeCellule ? bandeCellule : imageTitreNumero(bandeLigne))

@@ -1,7 +1,8 @@
 #pragma once
 // The grid of folders and documents of the main window. The rows, the click logic
-// and the cells are ModeleGrille's; this widget paints the rows in view, scrolls,
-// and turns the mouse into the grid's click and double click.
+// and the cells are ModeleGrille's; this widget paints the rows in view, scrolls
+// under the title and column headings (which stay in view), and turns the mouse
+// and the keyboard into the grid's click, double click and requests.
 
 #include "grid/ModeleGrille.h"
 #include "store/Def.h"
@@ -23,6 +24,10 @@ public:
     QPixmap GetCellPicture(int Ligne);
     // As a click on the row would; the row is also scrolled into view.
     void SelectLine(int Ligne);
+    // Scrolls just enough for the row to stand in view under the headings.
+    void rendreVisible(int Ligne);
+    // Height of the rows that never scroll: the title and the column headings.
+    int hauteurEntetes() const;
 
     // For the store: the hidden keys of the row of the last click.
     QString texteSelection(int colonne) const override;
@@ -32,6 +37,9 @@ public:
 signals:
     void Click();
     void DblClick();
+    // Keys on the selected row: Enter or F2 on a document, Delete on any row.
+    void EditionDemandee();
+    void SuppressionDemandee();
 
 protected:
     void paintEvent(QPaintEvent *evenement) override;
@@ -39,17 +47,26 @@ protected:
     void mousePressEvent(QMouseEvent *evenement) override;
     void mouseReleaseEvent(QMouseEvent *evenement) override;
     void mouseDoubleClickEvent(QMouseEvent *evenement) override;
+    void keyPressEvent(QKeyEvent *evenement) override;
+    void focusInEvent(QFocusEvent *evenement) override;
+    void focusOutEvent(QFocusEvent *evenement) override;
+    bool viewportEvent(QEvent *evenement) override;
     void changeEvent(QEvent *evenement) override;
 
     void demanderAffichage() override;
     void leverClick() override { emit Click(); }
     void appliquerCadre() override;
     void appliquerEnabled() override { setEnabled(Enabled()); }
-    int decalageVertical() const override;
+    int decalageVertical(int ligne) const override;
 
 private:
     void actualiserDefilement();
     int ligneSous(const QPoint &position) const;
+    int lignePage(int sens) const;  // a screen further down (+1) or up (-1)
+    void bordsColonnes(int *bords) const;
+    // The text of the cell under the point when it shows cut, for its tool tip.
+    QString texteCoupe(const QPoint &position);
+    void peindreLignes(QPainter &p, int premiere, int derniere, int decalage, const QRect &zone, const int *bords);
     void peindreLigne(QPainter &p, int ligne, const QRect &rect, const int *bords);
     // bandeLigne: the band picture under the whole row, 0 for none.
     void peindreCellule(QPainter &p, const grille::Cellule &cel, const QRect &rect, int bandeLigne);

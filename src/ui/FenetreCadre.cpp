@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -47,7 +48,8 @@ void PanneauImage::paintEvent(QPaintEvent *) {
     if (!peint) p.fillRect(rect(), mode_ == Mode::Mosaique ? QColor(0xee, 0xf0, 0xf4) : QColor(0x26, 0x34, 0x55));
     if (!texte_.isEmpty()) {
         p.setPen(couleurTexte_);
-        p.drawText(rect().adjusted(8, 0, -8, 0), int(alignement_), texte_);
+        const QRect zone = rect().adjusted(8, 0, -8 - margeDroite_, 0);
+        p.drawText(zone, int(alignement_), fontMetrics().elidedText(texte_, Qt::ElideRight, zone.width()));
     }
 }
 
@@ -116,7 +118,21 @@ void FenetreCadre::centrer() {
     const QScreen *ecran = screen() ? screen() : QGuiApplication::primaryScreen();
     if (!ecran) return;
     const QRect zone = ecran->availableGeometry();
-    move(zone.center() - QPoint(width() / 2, height() / 2));
+    // Over the window it belongs to, kept on the screen.
+    const QWidget *dessous = parentWidget() ? parentWidget()->window() : nullptr;
+    const QPoint centre = dessous && dessous->isVisible() ? dessous->frameGeometry().center() : zone.center();
+    QRect cible(centre - QPoint(width() / 2, height() / 2), size());
+    cible.moveLeft(qBound(zone.left(), cible.left(), qMax(zone.left(), zone.right() + 1 - width())));
+    cible.moveTop(qBound(zone.top(), cible.top(), qMax(zone.top(), zone.bottom() + 1 - height())));
+    move(cible.topLeft());
+}
+
+void FenetreCadre::keyPressEvent(QKeyEvent *e) {
+    if (e->key() == Qt::Key_Escape && windowModality() != Qt::NonModal && Im_Commande->isVisible()) {
+        emit fermetureDemandee();
+        return;
+    }
+    QWidget::keyPressEvent(e);
 }
 
 void FenetreCadre::resizeEvent(QResizeEvent *) {

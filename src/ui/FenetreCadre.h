@@ -22,6 +22,8 @@ public:
     void definirCouleurTexte(const QColor &c);
     // Where the text stands; a panel that holds other controls keeps it at the top.
     void definirAlignementTexte(Qt::Alignment a) { alignement_ = a; update(); }
+    // Room kept free at the right end, for a control laid over the panel; the text is cut before it.
+    void definirMargeDroite(int marge) { margeDroite_ = marge; update(); }
     // A plain colour in place of the picture.
     void definirCouleurFond(const QColor &c) { couleurFond_ = c; update(); }
 
@@ -35,6 +37,7 @@ private:
     QColor couleurTexte_ = Qt::white;
     Qt::Alignment alignement_ = Qt::AlignVCenter | Qt::AlignLeft;
     QColor couleurFond_;
+    int margeDroite_ = 0;
 };
 
 class FenetreCadre : public QWidget {
@@ -75,6 +78,8 @@ protected:
     virtual void finDeplacement() {}
     void resizeEvent(QResizeEvent *) override;
     void closeEvent(QCloseEvent *e) override;
+    // Escape closes a dialog as its close button does.
+    void keyPressEvent(QKeyEvent *e) override;
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:

@@ -6,6 +6,7 @@
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "ui/Art.h"
+#include "ui/Calendriers.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
@@ -17,6 +18,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QScreen>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QTextBrowser>
 #include <QTime>
@@ -123,11 +125,17 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     MG->setObjectName(QStringLiteral("MG"));
     Def::definirSelectionGrille(MG);
     connect(MG, &MyCoolGrid::Click, this, [this] { clicGrille(); });
+    connect(MG, &MyCoolGrid::EditionDemandee, this, [this] { declencher(15); });
+    connect(MG, &MyCoolGrid::SuppressionDemandee, this, [this] { supprimerSelection(); });
+    // A press or a key in the grid ends an edit before the selection moves.
+    MG->installEventFilter(this);
+    MG->viewport()->installEventFilter(this);
 
     Heure = new QLabel(EnteteB);
     Heure->setObjectName(QStringLiteral("Heure"));
     Heure->setAlignment(Qt::AlignCenter);
     Heure->setStyleSheet(QStringLiteral("color: white; background: transparent;"));
+    EnteteB->definirMargeDroite(kLargeurHeure);
 
     WB = new QTextBrowser(this);
     WB->hide();
@@ -139,9 +147,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     PanCal->definirCouleurTexte(QColor(0x1f, 0x2a, 0x44));
     PanCal->definirCouleurFond(QColor(255, 204, 59));
     Calendrier = new QCalendarWidget(PanCal);
-    Calendrier->setLocale(QLocale(QLocale::French, QLocale::France));
-    Calendrier->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    Calendrier->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+    Calendriers::habiller(Calendrier);
     Calendrier->setGeometry(1, 18, 268, 171);
     PanCal->hide();
 
@@ -172,6 +178,14 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     ChargerImageList1();
     Timer1->start();
 
+    // The commands a keyboard reaches without the grid: search, new document and folder, help.
+    const std::pair<QKeySequence, int> raccourcis[] = {{QKeySequence(Qt::CTRL | Qt::Key_F), 5},
+                                                       {QKeySequence(Qt::CTRL | Qt::Key_N), 11},
+                                                       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), 10},
+                                                       {QKeySequence(Qt::Key_F1), 7}};
+    for (const auto &[touches, index] : raccourcis)
+        connect(new QShortcut(touches, this), &QShortcut::activated, this, [this, i = index] { declencher(i); });
+    MG->setFocus();
 }
 
 frmMain::~frmMain() { Def::oublierSelectionGrille(MG); }
@@ -232,12 +246,18 @@ void frmMain::redimensionner() {
     Heure->setGeometry(EnteteB->width() - kLargeurHeure, 0, kLargeurHeure, EnteteB->height());
     // The boxes follow the columns; the calendar goes.
     if (Saisie[0]) {
-        RendreSaisieVisible(SaisieVisible, 1, 0);
+        placerSaisies(SaisieVisible);
         RendreSaisieVisibleCalendrier(false);
     }
 }
 
 bool frmMain::eventFilter(QObject *objet, QEvent *evenement) {
+    if (MG && (objet == MG || objet == MG->viewport())) {
+        const QEvent::Type type = evenement->type();
+        // What was typed is stored before the grid acts; a value that can't be stored keeps the edit.
+        if (SaisieVisible && (type == QEvent::MouseButtonPress || type == QEvent::KeyPress)) return !fermerSaisie();
+        return false;
+    }
     if (filtrerSaisie(objet, evenement)) return true;
     return FenetreCadre::eventFilter(objet, evenement);
 }
@@ -272,6 +292,7 @@ void frmMain::clicFenetre(int index) {
 }
 
 bool frmMain::demanderQuitter() {
+    if (!fermerSaisie()) return false;
     if (!(windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen))) memoriserPosition();
     return ConfirmerQuitter();
 }

@@ -55,6 +55,9 @@ public:
     QString NomDossierCourant;
     int LigneDocument = 9999;
     bool SaisieVisible = false;
+    // Ends in-place editing, storing first what the user changed; false, with the
+    // editing still open and the reason told, when a changed value can't be stored.
+    bool fermerSaisie();
     int nombreDossiers() const { return NbDossiers; }
     QString legendeEntete() const { return legendeEntete_; }  // caption of the top strip, as composed
 
@@ -74,15 +77,40 @@ private:
     void clicGrille();
     void clicBouton(int index);
     void commande(int index);
-    void fermerSaisie();
+    // A command from the keyboard: as a click on its button, or why it can't run.
+    void declencher(int index);
+    void supprimerSelection();
+    // What the command needs selected first, as told to the user; empty when the selection suits.
+    QString selectionManquante(int index) const;
     void rechargerGrille();
+    // After a reload, the selection goes back to the same folder or document by its
+    // keys, or is cleared when it is gone.
+    void restaurerSelection();
+    void effacerSelection();
     void ouvrirDialogueDossier(const QString &nom, const QString &numero);
     void ouvrirDialogueDocument(const QString &dossier);
-    void validerSaisie(int index);
+    void placerSaisies(bool visible);
+    bool enregistrerSaisies();
+    bool enregistrerSaisie(int index);
+    bool ecrireChamp(int index, const QString &texte);
+    void annulerSaisie();
     void entreeSaisie(int index);
+    void revenirDuCalendrier(int index);
     void choisirDate(const QDate &jour);
+    void suivreDefilement();
+    int saisieVoisine(int index, int sens) const;
     bool filtrerSaisie(QObject *objet, QEvent *evenement);
     bool masquageSaisie_ = false;
+    bool retourCalendrier_ = false;
+
+    // The folder or document the band names, by its keys in the base.
+    struct CleSelection {
+        bool valide = false;
+        bool dossier = false;
+        QString numDossier;
+        QString num;
+    };
+    CleSelection selection_;
     std::function<void(QWidget *)> preparationDialogue_;
     void placerSelonReglages();
     void redimensionner();

@@ -22,6 +22,7 @@ void frmMain::ChargerMG() {
     MG->Redraw(true);
     NbDossiers = 0;
     ChargerTreeview(Session::NumCompteCourant);
+    restaurerSelection();
 }
 
 void frmMain::ChargerTreeview(int numCompte) {

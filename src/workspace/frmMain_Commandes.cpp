@@ -26,6 +26,8 @@ void frmMain::clicGrille() {
         RendreSaisieVisibleCalendrier(false);
     }
     const int r = MG->LigneCourante;
+    // Remembered by its keys, so that a reload finds it again wherever its row went.
+    selection_ = {r >= 2, MG->IsLigneParent(r), MG->GetColumnInfos(r, 17), MG->GetColumnInfos(r, 16)};
     if (MG->IsLigneParent(r)) {
         EnteteB->definirTexte(QStringLiteral("   ") + Chaine(123) + QStringLiteral(" : ") + MG->GetColumnInfos(r, 2));
         NomDossierCourant = MG->GetColumnInfos(r, 2);
@@ -76,16 +78,86 @@ void frmMain::clicBouton(int index) {
         return;
     }
     WB->hide();
-    try {
-        commande(index);
-    } catch (const Base::ErreurBase &e) {
-        Messages::information(e.message());
-        rechargerGrille();
+    // Every command ends an open edit first, storing what was typed; a value that
+    // can't be stored keeps the edit open and the command waits.
+    if (const QString manque = selectionManquante(index); !manque.isEmpty()) {
+        Messages::information(manque);
+    } else if (fermerSaisie()) {
+        try {
+            commande(index);
+        } catch (const Base::ErreurBase &e) {
+            Messages::information(e.message());
+            rechargerGrille();
+        }
     }
     b->relacher();
 }
 
-void frmMain::fermerSaisie() { RendreSaisieVisible(false, 1, 0); }
+QString frmMain::selectionManquante(int index) const {
+    const int r = MG->LigneCourante;
+    const bool ligne = selection_.valide && r >= 2 && MG->cellules().existe(r);
+    const bool dossier = ligne && MG->IsLigneParent(r);
+    const bool document = ligne && !dossier;
+    switch (index) {
+    case 11:
+        return ligne ? QString() : QStringLiteral("Sélectionnez d'abord le dossier qui recevra le nouveau document.");
+    case 12:
+        return dossier ? QString() : QStringLiteral("Sélectionnez d'abord le dossier à supprimer.");
+    case 14:
+        return dossier ? QString() : QStringLiteral("Sélectionnez d'abord le dossier à renommer.");
+    case 13:
+        return document ? QString() : QStringLiteral("Sélectionnez d'abord le document à supprimer.");
+    case 15:
+        return document ? QString() : QStringLiteral("Sélectionnez d'abord le document à modifier.");
+    case 16:
+        return document ? QString() : QStringLiteral("Sélectionnez d'abord le document dont vous voulez changer l'icône.");
+    default:
+        return {};
+    }
+}
+
+namespace {
+const QString kDossierNonVide =
+    QStringLiteral("Ce dossier contient encore des documents : seul un dossier vide peut être supprimé.");
+}  // namespace
+
+void frmMain::declencher(int index) {
+    BoutonImage *b = Boutons[index];
+    if (!b->isEnabled()) {
+        const QString manque = selectionManquante(index);
+        Messages::information(manque.isEmpty() ? kDossierNonVide : manque);
+        return;
+    }
+    b->enfoncer();
+    clicBouton(index);
+}
+
+void frmMain::supprimerSelection() {
+    const int r = MG->LigneCourante;
+    declencher(r >= 2 && MG->IsLigneParent(r) ? 12 : 13);
+}
+
+void frmMain::restaurerSelection() {
+    const CleSelection cle = selection_;
+    const int ligne = cle.valide ? MG->LigneDeCle(cle.dossier, cle.numDossier, cle.num) : -1;
+    if (ligne < 2) {
+        effacerSelection();
+        return;
+    }
+    // As a fresh choice of the row: the band and the buttons are written again.
+    LigneDocument = 9999;
+    MG->AllerALigne(ligne);
+    MG->rendreVisible(ligne);
+}
+
+void frmMain::effacerSelection() {
+    selection_ = {};
+    LigneDocument = 9999;
+    NomDossierCourant.clear();
+    InfoEntete.clear();
+    EnteteB->definirTexte(QString());
+    for (int i = 10; i <= 16; ++i) Boutons[i]->setEnabled(true);
+}
 
 void frmMain::rechargerGrille() {
     MG->Redraw(false);
@@ -99,27 +171,26 @@ void frmMain::rechargerGrille() {
 void frmMain::commande(int index) {
     switch (index) {
     case 10:
-        fermerSaisie();
         ouvrirDialogueDossier(QString(), QString::number(ChercherNouveauNumDossier()));
         MG->Redraw(true);
         break;
     case 14:
-        fermerSaisie();
         ouvrirDialogueDossier(NomDossierCourant.trimmed(), MG->GetColumnInfos(MG->LigneCourante, 17));
         MG->Redraw(true);
         break;
     case 11:
-        fermerSaisie();
         ouvrirDialogueDocument(NomDossierCourant.trimmed());
         MG->Redraw(true);
         break;
     case 12: {
-        fermerSaisie();
-        if (!Messages::question(Chaine(140))) return;
         const int ligne = MG->LigneCourante;
         // Asked again of the grid, whatever the buttons say: a folder that holds
         // documents is never deleted.
-        if (!MG->IsLigneParent(ligne) || ligne < 2 || MG->HasLigneFils(ligne)) return;
+        if (MG->HasLigneFils(ligne)) {
+            Messages::information(kDossierNonVide);
+            return;
+        }
+        if (!Messages::question(Chaine(140))) return;
         bool ok = false;
         const int num = MG->GetColumnInfos(ligne, 17).toInt(&ok);
         if (!ok) return;
@@ -130,10 +201,8 @@ void frmMain::commande(int index) {
         break;
     }
     case 13: {
-        fermerSaisie();
         if (!Messages::question(Chaine(141))) return;
         const int ligne = MG->LigneCourante;
-        if (ligne < 2 || MG->IsLigneParent(ligne)) return;
         MG->Redraw(false);
         MemoriserMG();
         // The store reads the row's keys from the grid: it goes before the row does.
@@ -149,6 +218,7 @@ void frmMain::commande(int index) {
     }
     case 15:
         if (MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
+            MG->rendreVisible(MG->LigneCourante);
             RendreSaisieVisible(true, 1, 0);
             RendreSaisieVisibleCalendrier(false);
             if (Saisie[3] && Saisie[3]->isVisible()) Saisie[3]->setFocus();
@@ -157,13 +227,11 @@ void frmMain::commande(int index) {
     case 0:
     case 9:
         // Back to the login, to create an account (1) or choose another (2).
-        fermerSaisie();
         Session::ModeLogin = index == 0 ? 1 : 2;
         Boutons[index]->relacher();
         Navigation::afficherLogin();
         break;
     case 4: {
-        fermerSaisie();
         FrmModifLogin modification(this);
         if (preparationDialogue_) preparationDialogue_(&modification);
         modification.executer();

@@ -301,18 +301,46 @@ TEST(ModeleGrille, IconesDeLaBase) {
     EXPECT_EQ(copie.imagesContenu().nombre(), 0);
 }
 
-TEST(ModeleGrille, ClearGardeLesMarquesSansDanger) {
+TEST(ModeleGrille, ClearOublieLaSelection) {
     EnvironnementTest env(false);
     GrilleEssai g;
     GrilleExemple::charger(g, {{"A", 5}, {"B", 5}});
     g.SelectLine(12);  // a document of B, folder at 8
     g.Clear();
     EXPECT_EQ(g.NbLignes + g.nbParents() + g.cellules().Rows(), 0);
-    EXPECT_EQ(g.ligneMarquee(), 12);
-    // The old rows are gone from the smaller grid: the first click does no harm.
-    GrilleExemple::charger(g, {{"C", 1}});
+    EXPECT_EQ(g.LigneCourante + g.ligneMarquee() + g.ligneGras(), 0);
+    // The same document is found again by its keys wherever its row went.
+    GrilleExemple::charger(g, {{"C", 1}, {"A", 5}, {"B", 5}});
+    EXPECT_EQ(g.LigneDeCle(false, QStringLiteral("12"), QStringLiteral("301")), 14);
+    EXPECT_EQ(g.LigneDeCle(true, QStringLiteral("12")), 10);
+    EXPECT_EQ(g.LigneDeCle(false, QStringLiteral("12"), QStringLiteral("999")), -1);
     g.SelectLine(3);
     EXPECT_EQ(g.ligneMarquee(), 3);
     EXPECT_EQ(g.ligneGras(), 2);
     EXPECT_EQ(cel(g, 3, 5).couleurFond, kSelection);
+    EXPECT_EQ(cel(g, 12, 5).couleurFond, 0);
+}
+
+TEST(ModeleGrille, LeClavierPasseLesLignesCacheesSansBasculer) {
+    EnvironnementTest env(false);
+    GrilleEssai g;
+    GrilleExemple::charger(g, {{"A", 2}, {"B", 2}, {"C", 0}});  // folders at 2, 5 and 8
+    g.SelectLine(2);  // closes A
+    EXPECT_EQ(g.LigneVisibleVoisine(2, 1), 5);
+    EXPECT_EQ(g.LigneVisibleVoisine(5, -1), 2);
+    EXPECT_EQ(g.LigneVisibleVoisine(2, -1), -1);  // never the headings
+    EXPECT_EQ(g.PremiereLigneVisible(), 2);
+    EXPECT_EQ(g.DerniereLigneVisible(), 8);
+    // Moving onto a folder selects it, in bold, but leaves it as it was.
+    const int clics = g.clics;
+    g.AllerALigne(5);
+    EXPECT_EQ(g.clics, clics + 1);
+    EXPECT_EQ(g.LigneCourante, 5);
+    EXPECT_EQ(g.ligneGras(), 5);
+    EXPECT_EQ(g.GetParentEtat(5), QStringLiteral("B"));
+    EXPECT_EQ(g.GetParentEtat(2), QStringLiteral("A"));
+    // Onto a document: marked, its folder in bold.
+    g.AllerALigne(7);
+    EXPECT_EQ(g.ligneMarquee(), 7);
+    EXPECT_EQ(g.ligneGras(), 5);
 }
