@@ -84,7 +84,8 @@ void ModeleGrille::AddSection(const QStringList &Titres, int Image1, int Image2)
             if (c > 0) cel.alignementImage = grille::CentreCentre;
         } else if (indice < Titres.size()) {
             cel.texte = Titres[indice++];
-            cel.gras = true;
+            // In the rows' weight: bold would cut "Date de début" in its column at the usual width.
+            cel.gras = false;
             cel.definirImage(Source::Titre, kImageBandeSection);
         }
     }

@@ -14,6 +14,7 @@
 #include <QCalendarWidget>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
@@ -26,33 +27,33 @@
 
 namespace {
 
-// The command buttons: bar, left in twips, theme icon (and a second choice).
+// The command buttons: bar, left in twips, picture. The pictures are the theme's
+// action set, one line drawing each, all different.
 struct DefinitionBouton {
     int barre;
     int gaucheTwips;
     const char *icone;
-    const char *secours;
     bool visible;
 };
 
 constexpr DefinitionBouton kBoutons[frmMain::kNbBoutons] = {
-    {0, 3240, "list-add-user", "system-users", true},           // new account
-    {0, 240, "document-open", "folder-open", true},             // open a base
-    {0, 1130, "document-save-as", "document-save", true},       // save as
-    {0, 12000, "document-export", "document-save", false},      // export: lives in the options
-    {0, 4120, "dialog-password", "preferences-desktop-user-password", true},
-    {0, 5340, "system-search", "edit-find", true},
-    {0, 6230, "configure", "preferences-system", true},
-    {0, 7500, "help-contents", "help-browser", true},
-    {0, 8390, "help-about", "dialog-information", true},
-    {0, 2350, "system-switch-user", "system-users", true},
-    {1, 200, "folder-new", "folder", true},
-    {1, 3220, "document-new", "text-x-generic", true},
-    {1, 1960, "albumfolder-user-trash", "user-trash", true},   // delete a folder
-    {1, 5880, "edit-delete", "user-trash", true},              // delete a document
-    {1, 1080, "edit-rename", "accessories-text-editor", true},
-    {1, 4110, "document-edit", "accessories-text-editor", true},
-    {1, 5000, "insert-image", "image-x-generic", true},
+    {0, 3240, "list-add-user", true},                 // new account
+    {0, 240, "document-open", true},                  // open a base
+    {0, 1130, "document-save-as", true},              // save as
+    {0, 12000, "document-export", false},             // export: lives in the options
+    {0, 4120, "dialog-password", true},               // change the password
+    {0, 5340, "system-search", true},
+    {0, 6230, "configure", true},
+    {0, 7500, "help-contents", true},
+    {0, 8390, "help-about", true},
+    {0, 2350, "exchange-positions-clockwise", true},  // change of account
+    {1, 200, "folder-new", true},
+    {1, 3220, "document-new", true},
+    {1, 1960, "group-delete", true},                  // delete a folder
+    {1, 5880, "edit-delete", true},                   // delete a document
+    {1, 1080, "group-edit", true},                    // rename a folder
+    {1, 4110, "document-edit-sign", true},            // edit a document
+    {1, 5000, "insert-image", true},
 };
 
 constexpr int kHautBarre = 68;     // 1020 twips
@@ -75,8 +76,16 @@ void choisirTheme() {
 
 QPixmap iconeTheme(const DefinitionBouton &d) {
     choisirTheme();
-    QIcon icone = QIcon::fromTheme(QString::fromLatin1(d.icone));
-    if (icone.isNull()) icone = QIcon::fromTheme(QString::fromLatin1(d.secours));
+    // The action set's drawings, whatever size the theme would otherwise pick from
+    // other sets in other styles.
+    const QString fichier = QStringLiteral("Papirus/24x24/actions/%1.svg").arg(QString::fromLatin1(d.icone));
+    QIcon icone;
+    for (const QString &dossier : QIcon::themeSearchPaths())
+        if (QFileInfo::exists(dossier + u'/' + fichier)) {
+            icone = QIcon(dossier + u'/' + fichier);
+            break;
+        }
+    if (icone.isNull()) icone = QIcon::fromTheme(QString::fromLatin1(d.icone));
     if (icone.isNull()) return Art::pixmap(QStringLiteral("korvane"), QSize(kTailleIcone, kTailleIcone));
     return icone.pixmap(QSize(kTailleIcone, kTailleIcone));
 }
