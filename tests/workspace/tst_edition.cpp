@@ -6,13 +6,16 @@
 #include "grid/MyCoolGrid.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
+#include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "workspace/frmMain.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
+#include <QScrollBar>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
@@ -38,6 +41,34 @@ class TestEdition : public QObject {
         QTest::mouseClick(f->MG->viewport(), Qt::LeftButton, {}, QPoint(f->MG->viewport()->width() / 2, y + h / 2));
     }
     void commande(int index) { QTest::mouseClick(f->Boutons[index], Qt::LeftButton); }
+    // A key goes where a keyboard sends it: to the widget that has the focus.
+    void touche(int cle, Qt::KeyboardModifiers mod = Qt::NoModifier) {
+        QWidget *cible = QApplication::focusWidget();
+        QVERIFY(cible);
+        QTest::keyClick(cible, Qt::Key(cle), mod);
+    }
+    // Typed key by key; a letter a US keyboard lacks comes as the text of its key press.
+    void taper(const QString &texte) {
+        for (const QChar c : texte)
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), c.unicode() < 128 ? Qt::Key(QTest::asciiToKey(char(c.unicode()))) : Qt::Key_unknown,
+                                QString(c), Qt::NoModifier);
+    }
+    // Opens editing on a document by the keyboard, with the focus in its title box.
+    void editer(const QString &titre) {
+        cliquerLigne(ligne(titre));
+        touche(Qt::Key_F2);
+        QVERIFY(f->SaisieVisible);
+        QCOMPARE(QApplication::focusWidget(), f->Saisie[3]);
+    }
+    void nommerDossier(const QString &nom) {
+        f->definirPreparationDialogue([nom](QWidget *d) {
+            QTimer::singleShot(0, d, [d, nom] {
+                auto *dossier = qobject_cast<FrmAjoutDossier *>(d);
+                QTest::keyClicks(dossier->Saisie, nom);
+                QTest::keyClick(dossier->Saisie, Qt::Key_Return);
+            });
+        });
+    }
     QList<bool> etatsBoutons() {
         QList<bool> e;
         for (int i = 12; i <= 16; ++i) e << f->Boutons[i]->isEnabled();
@@ -203,9 +234,150 @@ private slots:
         f->Saisie[9]->setFocus();
         QVERIFY(f->PanCal->isVisible());
         QCOMPARE(f->Calendrier->selectedDate(), QDate::currentDate());
+        // A date typed is taken; what is no date is refused and stays in its box.
         QTest::keyClicks(f->Saisie[9], QStringLiteral("demain"));
         QTest::keyClick(f->Saisie[9], Qt::Key_Return);
+        QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("« demain » n'est pas une date")));
         QCOMPARE(sql(QStringLiteral("SELECT DateFin FROM Documents WHERE Num=1")), QStringList{QStringLiteral("NULL")});
+        QVERIFY(f->SaisieVisible);
+        QCOMPARE(f->Saisie[9]->text(), QStringLiteral("demain"));
+        f->Saisie[9]->selectAll();
+        QTest::keyClicks(f->Saisie[9], QStringLiteral("5/3/2027"));
+        QTest::keyClick(f->Saisie[9], Qt::Key_Return);
+        QVERIFY(!f->SaisieVisible);
+        QCOMPARE(sql(QStringLiteral("SELECT DateFin FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("05/03/2027"))});
+
+        // The calendar by the keyboard: Down enters it, Enter picks the day, the box takes the keyboard back.
+        editer(QStringLiteral("Compte courant"));
+        f->Saisie[8]->setFocus();
+        touche(Qt::Key_Down);
+        QVERIFY(f->Calendrier->isAncestorOf(QApplication::focusWidget()));
+        touche(Qt::Key_Right);
+        touche(Qt::Key_Return);
+        QVERIFY(!f->PanCal->isVisible());
+        QCOMPARE(QApplication::focusWidget(), f->Saisie[8]);
+        QCOMPARE(f->Saisie[8]->text(), QStringLiteral("24/11/2026"));
+        QCOMPARE(sql(QStringLiteral("SELECT DateDebut FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("24/11/2026"))});
+    }
+
+    void unTexteTapeSurvitAuxCommandesAuRedimensionnementEtAuDefilement() {
+        editer(QStringLiteral("Compte courant"));
+        f->Saisie[4]->setFocus();
+        touche(Qt::Key_End);
+        taper(QStringLiteral("-bis"));
+        f->resize(f->width() - 40, f->height());
+        QCOMPARE(f->Saisie[4]->text(), QStringLiteral("moi-bis"));
+        // A command closes editing after storing the box that still had the focus.
+        commande(5);
+        QVERIFY(!f->SaisieVisible);
+        QCOMPARE(sql(QStringLiteral("SELECT LoginDoc FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("moi-bis"))});
+
+        // Scrolling the row away stores what was typed too.
+        BaseExemple::remplir(1, 1, 80, 30);
+        f->MG->Clear();
+        f->ChargerMG();
+        editer(QStringLiteral("Compte courant"));
+        touche(Qt::Key_End);
+        taper(QStringLiteral("!"));
+        f->MG->verticalScrollBar()->setValue(f->MG->verticalScrollBar()->maximum());
+        QVERIFY(!f->SaisieVisible);
+        QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("Compte courant!"))});
+
+        // Escape drops what was not stored: nothing written, the cells as they were.
+        editer(QStringLiteral("Livret"));
+        taper(QStringLiteral("XYZ"));
+        touche(Qt::Key_Escape);
+        QVERIFY(!f->SaisieVisible);
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), 3), QStringLiteral("Livret"));
+        QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=2")), QStringList{QStringLiteral("Livret")});
+    }
+
+    void unAccentEstRefuseEtLeChampStockeNeChangePas() {
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("UPDATE Documents SET Titre='Accentué' WHERE Num=2"));
+        f->MG->Clear();
+        f->ChargerMG();
+        // Entering a box and leaving it unchanged writes nothing.
+        editer(QStringLiteral("Accentué"));
+        touche(Qt::Key_Return);
+        QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=2")), QStringList{QStringLiteral("Accentué")});
+        // A changed value the cipher can't keep is refused, named, and kept for correction.
+        editer(QStringLiteral("Accentué"));
+        f->Saisie[5]->setFocus();
+        touche(Qt::Key_End);
+        taper(QStringLiteral("é"));
+        touche(Qt::Key_Return);
+        QCOMPARE(Messages::affiches(), QStringList{MessageHorsAlphabet(QStringLiteral("é"))});
+        QVERIFY(Messages::affiches().isEmpty());
+        QVERIFY(f->SaisieVisible);
+        QCOMPARE(f->Saisie[5]->text(), QStringLiteral("xé"));
+        QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=2")), QStringList{QStringLiteral("x")});
+        // A command waits until the box is mended.
+        commande(13);
+        QCOMPARE(Messages::affiches(), QStringList{MessageHorsAlphabet(QStringLiteral("é"))});
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("2")});
+        touche(Qt::Key_Backspace);
+        touche(Qt::Key_Return);
+        QVERIFY(!f->SaisieVisible);
+        QVERIFY(Messages::affiches().isEmpty());
+    }
+
+    void laSelectionSuitSaCleApresChaqueRechargement() {
+        // A command with nothing to act on says what to select, and opens nothing.
+        bool ouvert = false;
+        f->definirPreparationDialogue([&ouvert](QWidget *d) {
+            ouvert = true;
+            QTimer::singleShot(0, d, &QWidget::close);
+        });
+        for (int i : {11, 12, 13, 14, 15}) commande(i);
+        QVERIFY(!ouvert);
+        QCOMPARE(Messages::affiches().size(), 5);
+        QVERIFY(Messages::affiches().isEmpty());
+
+        // A folder named "Aaa" comes above the selected one: the selection follows "Vide".
+        cliquerLigne(ligne(QStringLiteral("Vide")));
+        nommerDossier(QStringLiteral("Aaa"));
+        commande(10);
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Vide"));
+        QCOMPARE(f->MG->GetColumnInfos(f->MG->LigneCourante, 3), QStringLiteral(" Vide"));
+        Messages::prevoirReponses({true});
+        commande(12);
+        QCOMPARE(sql(QStringLiteral("SELECT Nom FROM Dossiers WHERE NumCompte=1 ORDER BY Nom")),
+                 (QStringList{QStringLiteral("Aaa"), QStringLiteral("Banques")}));
+        // Gone: the selection is cleared, and the next delete acts on nothing.
+        QVERIFY(f->EnteteB->texte().isEmpty());
+        Messages::affiches();
+        Messages::prevoirReponses({true, true});
+        commande(12);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Sélectionnez d'abord le dossier à supprimer.")});
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
+    }
+
+    void lesFlechesPuisSupprDetruisentLeBonDocument() {
+        f->MG->setFocus();
+        // Home on the first folder, Enter closes it, Down skips its documents.
+        touche(Qt::Key_Home);
+        QCOMPARE(f->MG->LigneCourante, ligne(QStringLiteral("Banques")));
+        touche(Qt::Key_Return);
+        QCOMPARE(f->MG->GetParentEtat(f->MG->LigneCourante), QStringLiteral("A"));
+        touche(Qt::Key_Down);
+        QCOMPARE(f->MG->LigneCourante, ligne(QStringLiteral("Vide")));
+        touche(Qt::Key_Up);
+        touche(Qt::Key_Space);
+        // The documents show in the reverse of their title order: Livret, then Compte courant.
+        touche(Qt::Key_Down);
+        touche(Qt::Key_Down);
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Banques -  Document : Compte courant"));
+        QCOMPARE(f->MG->GetParentEtat(ligne(QStringLiteral("Banques"))), QStringLiteral("B"));
+        Messages::prevoirReponses({true});
+        touche(Qt::Key_Delete);
+        QCOMPARE(Messages::affiches(), QStringList{Chaine(141)});
+        QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents")), QStringList{QStringLiteral("Livret")});
+        // On a folder that still holds documents, Delete explains and deletes nothing.
+        cliquerLigne(ligne(QStringLiteral("Banques")));
+        f->MG->setFocus();
+        touche(Qt::Key_Delete);
+        QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Ce dossier contient encore des documents")));
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
     }
 
     void supprimerUnDocumentApresOui() {
