@@ -101,6 +101,18 @@ private slots:
     }
 
     void dossierPuisDocumentPuisEditionDeBoutEnBout() {
+        // Ctrl+Shift+N opens the folder dialog over the main window; Escape closes it as its close button does.
+        QPoint centre;
+        f->definirPreparationDialogue([&centre](QWidget *d) {
+            centre = d->frameGeometry().center();
+            QTimer::singleShot(0, d, [d] {
+                QTest::keyClicks(qobject_cast<FrmAjoutDossier *>(d)->Saisie, QStringLiteral("Jamais"));
+                QTest::keyClick(qobject_cast<FrmAjoutDossier *>(d)->Saisie, Qt::Key_Escape);
+            });
+        });
+        touche(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY((centre - f->frameGeometry().center()).manhattanLength() <= 2);
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
         // A new folder, named in its dialog; its number is above every account's.
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral("INSERT INTO Dossiers VALUES (7, 40, 'ailleurs')"));
         f->definirPreparationDialogue([](QWidget *d) {
