@@ -245,7 +245,13 @@ void ModeleGrille::logiqueClic(bool basculer) {
         if (LigneGras > 0) mettreGras(LigneGras, false);
         mettreGras(ligne, true);
         LigneGras = LigneCourante;
-        if (basculer) basculerParent(ligne);
+        if (basculer) {
+            basculerParent(ligne);
+        } else {
+            // The keyboard's folder is the only row that looks chosen.
+            effacerMarque();
+            LigneMarquee = 0;
+        }
     } else {
         MarquerLigne();
         LigneMarquee = ligne;
@@ -314,12 +320,16 @@ void ModeleGrille::OuvrirParent(int Ligne, int limite) {
     Refresh();
 }
 
-void ModeleGrille::MarquerLigne() {
-    const int ligne = ligneSel_;
+void ModeleGrille::effacerMarque() {
     if (LigneMarquee > 0 && flxGrd.existe(LigneMarquee)) {
         const int ancienne = nombre(CouleurMarquee);
         for (int c = 3; c < grille::kColonnes; ++c) flxGrd.cellule(LigneMarquee, c).couleurFond = ancienne;
     }
+}
+
+void ModeleGrille::MarquerLigne() {
+    const int ligne = ligneSel_;
+    effacerMarque();
     if (!flxGrd.existe(ligne)) return;
     // A cell colour of 0 means "none of its own": pure black becomes the nearest
     // colour that still shows.

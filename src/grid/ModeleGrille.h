@@ -128,6 +128,7 @@ protected:
 private:
     void logiqueClic(bool basculer = true);
     void basculerParent(int ligne);
+    void effacerMarque();  // the marked row gets its colour back
     void calculerLargeurs();
     void ecrire(int ligne, int colonne, const QString &valeur);
 

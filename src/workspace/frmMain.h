@@ -75,6 +75,7 @@ private:
     void creerBoutons();
     void creerSaisies();
     void clicGrille();
+    void ecrireBandeDocument(int r);  // the band names the document of row r and its folder
     void clicBouton(int index);
     void commande(int index);
     // A command from the keyboard: as a click on its button, or why it can't run.

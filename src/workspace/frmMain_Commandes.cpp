@@ -55,6 +55,10 @@ void frmMain::clicGrille() {
     }
     if (r <= 1 || r == LigneDocument) return;
     LigneDocument = r;
+    ecrireBandeDocument(r);
+}
+
+void frmMain::ecrireBandeDocument(int r) {
     int i = r;
     while (i >= 1 && !MG->IsLigneParent(i)) --i;
     if (i < 1) return;

@@ -163,6 +163,7 @@ bool frmMain::ecrireChamp(int index, const QString &texte) {
     QLineEdit *s = Saisie[index];
     if (s->text() != texte) s->setText(texte);
     s->setModified(false);
+    if (index == kPremiereSaisie) ecrireBandeDocument(MG->LigneCourante);
     return true;
 }
 

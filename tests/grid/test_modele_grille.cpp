@@ -343,4 +343,8 @@ TEST(ModeleGrille, LeClavierPasseLesLignesCacheesSansBasculer) {
     g.AllerALigne(7);
     EXPECT_EQ(g.ligneMarquee(), 7);
     EXPECT_EQ(g.ligneGras(), 5);
+    // Back onto a folder: no document stays marked beside it.
+    g.AllerALigne(8);
+    EXPECT_EQ(g.ligneMarquee(), 0);
+    EXPECT_EQ(cel(g, 7, 5).couleurFond, 0);
 }

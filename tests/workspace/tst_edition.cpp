@@ -294,6 +294,7 @@ private slots:
         f->MG->verticalScrollBar()->setValue(f->MG->verticalScrollBar()->maximum());
         QVERIFY(!f->SaisieVisible);
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("Compte courant!"))});
+        QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : Compte courant!")));
 
         // Escape drops what was not stored: nothing written, the cells as they were.
         editer(QStringLiteral("Livret"));
