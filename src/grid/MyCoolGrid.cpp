@@ -186,14 +186,15 @@ void MyCoolGrid::keyPressEvent(QKeyEvent *evenement) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        // On a folder, as a click: it opens or closes. On a document, Enter edits it.
+        // On a folder, as a click: it opens or closes. Elsewhere, Enter asks to edit,
+        // and the main window says what to select when there is no document.
         if (choisie && IsLigneParent(courante))
             SelectLine(courante);
-        else if (choisie && evenement->key() != Qt::Key_Space)
+        else if (evenement->key() != Qt::Key_Space)
             emit EditionDemandee();
         return;
     case Qt::Key_F2:
-        if (choisie && !IsLigneParent(courante)) emit EditionDemandee();
+        emit EditionDemandee();
         return;
     case Qt::Key_Delete:
         emit SuppressionDemandee();

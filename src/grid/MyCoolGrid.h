@@ -37,7 +37,7 @@ public:
 signals:
     void Click();
     void DblClick();
-    // Keys on the selected row: Enter or F2 on a document, Delete on any row.
+    // Keys on the selected row: Enter (but on a folder) or F2, and Delete.
     void EditionDemandee();
     void SuppressionDemandee();
 
