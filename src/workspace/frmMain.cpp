@@ -19,6 +19,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QScreen>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QTextBrowser>
@@ -55,6 +56,14 @@ constexpr DefinitionBouton kBoutons[frmMain::kNbBoutons] = {
     {1, 4110, "document-edit-sign", true},            // edit a document
     {1, 5000, "insert-image", true},
 };
+
+// The commands a keyboard reaches without the grid: search, new document and folder, help.
+struct Raccourci {
+    QKeyCombination touches;
+    int bouton;
+};
+constexpr Raccourci kRaccourcis[] = {
+    {Qt::CTRL | Qt::Key_F, 5}, {Qt::CTRL | Qt::Key_N, 11}, {Qt::CTRL | Qt::SHIFT | Qt::Key_N, 10}, {QKeyCombination(Qt::Key_F1), 7}};
 
 constexpr int kHautBarre = 68;     // 1020 twips
 constexpr int kCoteBouton = 56;
@@ -187,13 +196,8 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     ChargerImageList1();
     Timer1->start();
 
-    // The commands a keyboard reaches without the grid: search, new document and folder, help.
-    const std::pair<QKeySequence, int> raccourcis[] = {{QKeySequence(Qt::CTRL | Qt::Key_F), 5},
-                                                       {QKeySequence(Qt::CTRL | Qt::Key_N), 11},
-                                                       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), 10},
-                                                       {QKeySequence(Qt::Key_F1), 7}};
-    for (const auto &[touches, index] : raccourcis)
-        connect(new QShortcut(touches, this), &QShortcut::activated, this, [this, i = index] { declencher(i); });
+    for (const Raccourci &r : kRaccourcis)
+        connect(new QShortcut(r.touches, this), &QShortcut::activated, this, [this, i = r.bouton] { declencher(i); });
     MG->setFocus();
 }
 
@@ -269,6 +273,17 @@ bool frmMain::eventFilter(QObject *objet, QEvent *evenement) {
     }
     if (filtrerSaisie(objet, evenement)) return true;
     return FenetreCadre::eventFilter(objet, evenement);
+}
+
+void frmMain::keyPressEvent(QKeyEvent *e) {
+    // The same keys, when they come to the window without its shortcuts being live
+    // (a window the desktop has not made active again after a message).
+    for (const Raccourci &r : kRaccourcis)
+        if (e->keyCombination() == r.touches) {
+            declencher(r.bouton);
+            return;
+        }
+    FenetreCadre::keyPressEvent(e);
 }
 
 void frmMain::clicFenetre(int index) {

@@ -67,6 +67,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent *e) override;
     void closeEvent(QCloseEvent *e) override;
+    void keyPressEvent(QKeyEvent *e) override;
     void finDeplacement() override;
 
     bool eventFilter(QObject *objet, QEvent *evenement) override;
