@@ -72,7 +72,7 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     EnteteB->definirTexte(Chaine(154).trimmed());
 
     connect(Login, &QComboBox::activated, this, [this] { choixDansListe(); });
-    Login->lineEdit()->installEventFilter(this);
+    Login->installEventFilter(this);
     connect(Pass, &QLineEdit::returnPressed, this, [this] {
         OK->enfoncer();
         clicOK();
@@ -164,6 +164,12 @@ void FrmLogin::ChercherLogin() {
             Pass->setFocus();
             return;
         }
+        // A password the cipher can't keep could never be matched again.
+        if (const QString refus = MessageHorsAlphabet(Pass->text()); !refus.isEmpty()) {
+            Messages::information(refus);
+            Pass->setFocus();
+            return;
+        }
         // The number is allotted now, whatever path led here: Enter in the login box
         // never gives number 0, which belongs to the template folders.
         NouveauNumCompte = qMax(NouveauNumCompte, Comptes::prochainNumero());
@@ -186,7 +192,9 @@ void FrmLogin::clicFermer() {
 bool FrmLogin::eventFilter(QObject *objet, QEvent *evenement) {
     if (Pass && objet == Pass && evenement->type() == QEvent::FocusIn) QTimer::singleShot(0, Pass, &QLineEdit::selectAll);
     // Enter in the login box is an attempt with what is typed, not a choice in the list.
-    if (Login && objet == Login->lineEdit() && evenement->type() == QEvent::KeyPress) {
+    // The key arrives at the combo box, which has the focus and hands it to its text
+    // behind any filter.
+    if (Login && objet == Login && evenement->type() == QEvent::KeyPress) {
         const int touche = static_cast<QKeyEvent *>(evenement)->key();
         if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
             ChercherLogin();

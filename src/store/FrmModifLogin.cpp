@@ -2,6 +2,7 @@
 
 #include "Base.h"
 #include "Comptes.h"
+#include "Cryptage.h"
 #include "Session.h"
 #include "ui/Art.h"
 #include "ui/BoutonImage.h"
@@ -81,6 +82,12 @@ void FrmModifLogin::ChercherLogin() {
         if (!Comptes::chercher(cle)) return;
         if (Pass->text() != Pass2->text()) {
             Messages::information(QStringLiteral("Veuillez saisir un mot de passe valide et recommencer !"));
+            return;
+        }
+        // A password the cipher can't keep could never be matched again.
+        if (const QString refus = MessageHorsAlphabet(Pass->text()); !refus.isEmpty()) {
+            Messages::information(refus);
+            Pass->setFocus();
             return;
         }
         Comptes::changerMotDePasse(cle, Pass->text());

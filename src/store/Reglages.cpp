@@ -122,7 +122,8 @@ void ecrire(Cle cle, int valeur) { ecrire(cle, QString::number(valeur)); }
 bool colonneVisible(int index) {
     int valeur = -1;
     enNombre(lire(QStringLiteral("Settings"), nomColonne(index), QString()), &valeur);
-    return valeur != 0;
+    // -1 shows the column; any other number hides it.
+    return valeur == -1;
 }
 
 void ecrireColonneVisible(int index, bool visible) {

@@ -41,7 +41,8 @@ int lireNombre(Cle cle, int defaut);
 void ecrire(Cle cle, const QString &valeur);
 void ecrire(Cle cle, int valeur);
 
-// "Colonne" + blank + index: column shown (-1, the default) or hidden (0).
+// "Colonne" + blank + index: column shown (-1, the default, and what is no number) or
+// hidden (any other number; 0 is written).
 bool colonneVisible(int index);
 void ecrireColonneVisible(int index, bool visible);
 

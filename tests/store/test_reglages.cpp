@@ -38,10 +38,11 @@ TEST(Reglages, LesDefautsDeChaqueCle) {
 
 TEST(Reglages, LesClesSeRejoignentQuelleQueSoitLaCasse) {
     EnvironnementTest env(false);
-    ecrireFichierReglages("[couleurs]\nbackcolor=255\nCouleurselection=65280\n[Settings]\nColonne%203=0\n");
+    ecrireFichierReglages("[couleurs]\nbackcolor=255\nCouleurselection=65280\n[Settings]\nColonne%203=0\nColonne%205=1\n");
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 255);
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 65280);
     EXPECT_FALSE(Reglages::colonneVisible(3));
+    EXPECT_FALSE(Reglages::colonneVisible(5));  // any number but -1 hides
     EXPECT_EQ(Reglages::lire("COULEURS", "BACKCOLOR", "x"), "255");
     // Writing in another form leaves one value, found by every form.
     Reglages::ecrire("Couleurs", "BackColor", "128");

@@ -10,6 +10,7 @@
 #include "ui/BoutonImage.h"
 #include "workspace/frmMain.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -137,19 +138,34 @@ private slots:
         taperLogin(f, QStringLiteral("o'neil"));
         taper(f->Pass, QStringLiteral("x"));
         Messages::prevoirReponses({true});
-        QTest::keyClick(f->Login->lineEdit(), Qt::Key_Return);
+        // Sent where a keyboard sends it: the combo box holds the focus, not its text.
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        f->Login->setFocus();
+        QCOMPARE(QApplication::focusWidget(), f->Login);
+        QTest::keyClick(f->Login, Qt::Key_Return);
+        QCOMPARE(Messages::reponsesRestantes(), 0);
         QCOMPARE(sql("SELECT NumCompte, Login FROM Compte ORDER BY NumCompte"),
                  (QStringList{QStringLiteral("1|alice"), QStringLiteral("2|o'neil")}));
         QCOMPARE(f->Login->count(), 2);
         QCOMPARE(f->Login->itemText(1), QStringLiteral("o'neil"));
         // Now it logs in, apostrophe and all.
-        QTest::keyClick(f->Login->lineEdit(), Qt::Key_Return);
+        QTest::keyClick(f->Login, Qt::Key_Return);
         QVERIFY(Navigation::fenetrePrincipale());
         QCOMPARE(Session::NumCompteCourant, 2);
     }
 
-    void refusDeCreationEtMotDePasseBlanc() {
+    void refusDeCreationEtMotDePasseBlancOuAccentue() {
         FrmLogin *f = ouvrir();
+        // A password the cipher can't keep: refused by name, nothing written, the text kept.
+        taperLogin(f, QStringLiteral("zoe"));
+        f->Pass->setText(QStringLiteral("café"));
+        Messages::prevoirReponses({true});
+        cliquerOK(f);
+        QCOMPARE(Messages::affiches().value(1), MessageHorsAlphabet(QStringLiteral("é")));
+        QCOMPARE(sql("SELECT count(*) FROM Compte"), QStringList{QStringLiteral("0")});
+        QCOMPARE(f->Pass->text(), QStringLiteral("café"));
+
         taperLogin(f, QStringLiteral("zoe"));
         taper(f->Pass, QStringLiteral("   "));
         Messages::prevoirReponses({true});

@@ -51,6 +51,17 @@ private slots:
         QCOMPARE(f.L[0]->text(), QStringLiteral("Vérification"));
         QCOMPARE(f.L[1]->text(), QStringLiteral("Modification du mot de passe"));
 
+        // A new password the cipher can't keep is refused by name, and nothing changes.
+        f.Pass->setText(QStringLiteral("naïve"));
+        f.Pass2->setText(QStringLiteral("naïve"));
+        QTest::mouseClick(f.OK, Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{MessageHorsAlphabet(QStringLiteral("ï"))});
+        QVERIFY(f.isVisible());
+        QCOMPARE(f.Pass->text(), QStringLiteral("naïve"));
+        QCOMPARE(Session::PassCourant, QStringLiteral("ancien"));
+        f.Pass->setText(QString(12, u'*'));
+        f.Pass2->clear();
+
         // Clicking OK alone is a mismatch: the starting asterisks against an empty box.
         QTest::mouseClick(f.OK, Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez saisir un mot de passe valide et recommencer !")});
