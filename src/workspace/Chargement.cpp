@@ -3,7 +3,13 @@
 #include "store/Base.h"
 #include "store/Cryptage.h"
 
+#include <QCollator>
 #include <QHash>
+#include <QLocale>
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
 
 using Base::Connexion;
 using Base::Requete;
@@ -13,11 +19,33 @@ namespace Chargement {
 namespace {
 constexpr int kChamps = 12;  // fields of a Documents row
 
+// Puts the elements in French order of their text, blind to case, and to accents at
+// the first level ("École" before "zèbre"); equal texts keep the order they came in.
+template <typename T, typename Texte>
+void trierEnFrancais(QList<T> &elements, Texte texte) {
+    static const QCollator collateur = [] {
+        QCollator c{QLocale(QLocale::French, QLocale::France)};
+        c.setCaseSensitivity(Qt::CaseInsensitive);
+        return c;
+    }();
+    std::vector<QCollatorSortKey> cles;
+    cles.reserve(size_t(elements.size()));
+    for (const T &e : elements) cles.push_back(collateur.sortKey(texte(e)));
+    std::vector<qsizetype> ordre(size_t(elements.size()));
+    std::iota(ordre.begin(), ordre.end(), 0);
+    std::stable_sort(ordre.begin(), ordre.end(), [&cles](qsizetype a, qsizetype b) { return cles[size_t(a)].compare(cles[size_t(b)]) < 0; });
+    QList<T> tries;
+    tries.reserve(elements.size());
+    for (const qsizetype i : ordre) tries.append(std::move(elements[i]));
+    elements = std::move(tries);
+}
+
 QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
-    Requete r(c, "SELECT Num, Nom FROM Dossiers WHERE NumCompte=? ORDER BY Nom COLLATE NOCASE ASC, Nom ASC");
+    Requete r(c, "SELECT Num, Nom FROM Dossiers WHERE NumCompte=? ORDER BY Nom ASC, Num ASC");
     r.lier(1, numCompte);
     QList<Dossier> dossiers;
     while (r.suivante()) dossiers.append({r.entier(0), r.texte(1), {}});
+    trierEnFrancais(dossiers, [](const Dossier &d) { return d.nom; });
     return dossiers;
 }
 }  // namespace
@@ -33,8 +61,9 @@ QList<Dossier> lireArbre(int numCompte) {
     QHash<int, int> indexDossier;
     for (int i = 0; i < dossiers.size(); ++i) indexDossier.insert(dossiers[i].num, i);
 
-    // One pass over the account's documents, sorted by folder then title, shared out to their folders.
-    Requete r(c, "SELECT * FROM Documents WHERE NumCompte=? ORDER BY NumDossier ASC, Titre COLLATE NOCASE ASC, Titre ASC");
+    // One pass over the account's documents, shared out to their folders, then each
+    // folder's put in the order of the titles as the user reads them, deciphered.
+    Requete r(c, "SELECT * FROM Documents WHERE NumCompte=? ORDER BY NumDossier ASC, Num ASC");
     r.lier(1, numCompte);
     const QString compte = QString::number(numCompte);
     while (r.suivante()) {
@@ -49,6 +78,7 @@ QList<Dossier> lireArbre(int numCompte) {
         d.infos << compte << d.num << d.dossier << QString();
         dossiers[*it].documents.append(std::move(d));
     }
+    for (Dossier &dossier : dossiers) trierEnFrancais(dossier.documents, [](const Document &d) { return d.infos.at(0); });
     return dossiers;
 }
 

@@ -19,10 +19,10 @@ struct Document {
 struct Dossier {
     int num = 0;
     QString nom;                // as stored, without the grid's leading blank
-    QList<Document> documents;  // by title, as stored
+    QList<Document> documents;  // by title as shown, in French order
 };
 
-// The folders of the account by name, each with its documents. An account without
+// The folders of the account by name in French order, each with its documents. An account without
 // folders first receives a copy of the template folders.
 QList<Dossier> lireArbre(int numCompte);
 

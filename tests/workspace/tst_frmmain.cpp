@@ -66,27 +66,34 @@ private slots:
             "INSERT INTO Dossiers VALUES (1, 10, 'banques');"
             "INSERT INTO Dossiers VALUES (1, 11, 'Achats');"
             "INSERT INTO Dossiers VALUES (1, 12, 'vide');"
+            "INSERT INTO Dossiers VALUES (1, 13, 'zèbre');"
+            "INSERT INTO Dossiers VALUES (1, 14, 'École');"
             "INSERT INTO Dossiers VALUES (2, 10, 'autre compte');"));
         BaseSql::executer(Chemins::cheminBase(),
             QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
                            "INSERT INTO Documents VALUES (1, 2, 10, 'Beta', '%1', NULL, NULL, NULL, NULL, NULL, NULL, 5);"
                            "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
+                           "INSERT INTO Documents VALUES (1, 5, 10, '%2', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
+                           "INSERT INTO Documents VALUES (1, 6, 10, 'été', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
                            "INSERT INTO Documents VALUES (2, 4, 10, 'Secret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);")
-                .arg(CrypterChamp(QStringLiteral("chiffré"))));
+                .arg(CrypterChamp(QStringLiteral("chiffré")), CrypterChamp(QStringLiteral("Ananas"))));
         frmMain *f = ouvrir();
-        // Folders by name whatever their case, with their leading blank; documents of a
-        // folder in the reverse of their title order; another account's rows never.
+        // Folders in French order whatever their case and accents, with their leading blank;
+        // documents of a folder in the reverse of the order of their titles as shown
+        // (an enciphered one by its plain text); another account's rows never.
         QCOMPARE(arbre(f), (QStringList{QStringLiteral("P Achats"), QStringLiteral("F Gamma||3"), QStringLiteral("P banques"),
-                                        QStringLiteral("F Beta|chiffré|5"), QStringLiteral("F Alpha|plain|2"), QStringLiteral("P vide")}));
+                                        QStringLiteral("F été||1"), QStringLiteral("F Beta|chiffré|5"), QStringLiteral("F Ananas||1"),
+                                        QStringLiteral("F Alpha|plain|2"), QStringLiteral("P École"), QStringLiteral("P vide"),
+                                        QStringLiteral("P zèbre")}));
         QVERIFY(f->MG->GetColumnInfos(0, 3).startsWith(Chaine(118)));
         QCOMPARE(f->MG->GetColumnInfos(1, 3), QStringLiteral("Titre"));
         // The keys the store needs are in the hidden columns.
-        QCOMPARE(f->MG->GetColumnInfos(5, 16), QStringLiteral("2"));
-        QCOMPARE(f->MG->GetColumnInfos(5, 17), QStringLiteral("10"));
+        QCOMPARE(f->MG->GetColumnInfos(6, 16), QStringLiteral("2"));
+        QCOMPARE(f->MG->GetColumnInfos(6, 17), QStringLiteral("10"));
         QCOMPARE(f->MG->GetColumnInfos(4, 17), QStringLiteral("10"));
-        QCOMPARE(f->nombreDossiers(), 3);
+        QCOMPARE(f->nombreDossiers(), 5);
         // No template copy for an account that has folders.
-        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("3")});
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("5")});
     }
 
     void unNouveauCompteRecoitLesModelesUneSeuleFois() {
