@@ -75,6 +75,7 @@ private slots:
                            "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
                            "INSERT INTO Documents VALUES (1, 5, 10, '%2', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
                            "INSERT INTO Documents VALUES (1, 6, 10, 'été', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
+                           "INSERT INTO Documents VALUES (1, 7, 10, 'Etui', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
                            "INSERT INTO Documents VALUES (2, 4, 10, 'Secret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);")
                 .arg(CrypterChamp(QStringLiteral("chiffré")), CrypterChamp(QStringLiteral("Ananas"))));
         frmMain *f = ouvrir();
@@ -82,14 +83,14 @@ private slots:
         // documents of a folder in the reverse of the order of their titles as shown
         // (an enciphered one by its plain text); another account's rows never.
         QCOMPARE(arbre(f), (QStringList{QStringLiteral("P Achats"), QStringLiteral("F Gamma||3"), QStringLiteral("P banques"),
-                                        QStringLiteral("F été||1"), QStringLiteral("F Beta|chiffré|5"), QStringLiteral("F Ananas||1"),
-                                        QStringLiteral("F Alpha|plain|2"), QStringLiteral("P École"), QStringLiteral("P vide"),
-                                        QStringLiteral("P zèbre")}));
+                                        QStringLiteral("F Etui||1"), QStringLiteral("F été||1"), QStringLiteral("F Beta|chiffré|5"),
+                                        QStringLiteral("F Ananas||1"), QStringLiteral("F Alpha|plain|2"), QStringLiteral("P École"),
+                                        QStringLiteral("P vide"), QStringLiteral("P zèbre")}));
         QVERIFY(f->MG->GetColumnInfos(0, 3).startsWith(Chaine(118)));
         QCOMPARE(f->MG->GetColumnInfos(1, 3), QStringLiteral("Titre"));
         // The keys the store needs are in the hidden columns.
-        QCOMPARE(f->MG->GetColumnInfos(6, 16), QStringLiteral("2"));
-        QCOMPARE(f->MG->GetColumnInfos(6, 17), QStringLiteral("10"));
+        QCOMPARE(f->MG->GetColumnInfos(7, 16), QStringLiteral("2"));
+        QCOMPARE(f->MG->GetColumnInfos(7, 17), QStringLiteral("10"));
         QCOMPARE(f->MG->GetColumnInfos(4, 17), QStringLiteral("10"));
         QCOMPARE(f->nombreDossiers(), 5);
         // No template copy for an account that has folders.
@@ -183,8 +184,8 @@ private slots:
         QCoreApplication::sendEvent(f->Boutons[5], &sortie);
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
         // A click only releases the button until its command exists.
-        QTest::mouseClick(f->Boutons[5], Qt::LeftButton);
-        QVERIFY(!f->Boutons[5]->estEnfonce());
+        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
+        QVERIFY(!f->Boutons[6]->estEnfonce());
         // The clock shows the time after its first tick, and the export folder exists.
         QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
         QVERIFY(QDir(Chemins::dossierEdition()).exists());
