@@ -18,6 +18,10 @@ public:
     PanneauImage(const QString &art, Mode mode, QWidget *parent = nullptr);
 
     void definirTexte(const QString &texte);
+    void definirArt(const QString &art) {
+        art_ = art;
+        update();
+    }
     QString texte() const { return texte_; }
     void definirCouleurTexte(const QColor &c);
     // Where the text stands; a panel that holds other controls keeps it at the top.

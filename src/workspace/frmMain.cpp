@@ -156,6 +156,9 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     EnteteB->definirMargeDroite(kLargeurHeure);
 
     WB = new QTextBrowser(this);
+    WB->setObjectName(QStringLiteral("WB"));
+    WB->setOpenExternalLinks(true);
+    WB->installEventFilter(this);
     WB->hide();
 
     PanCal = new PanneauImage(QStringLiteral("Fond"), PanneauImage::Mode::Mosaique, this);
@@ -270,6 +273,13 @@ bool frmMain::eventFilter(QObject *objet, QEvent *evenement) {
         // What was typed is stored before the grid acts; a value that can't be stored keeps the edit.
         if (SaisieVisible && (type == QEvent::MouseButtonPress || type == QEvent::KeyPress)) return !fermerSaisie();
         return false;
+    }
+    if (WB && objet == WB) {
+        // Escape puts the help away, back to the grid.
+        if (evenement->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(evenement)->key() != Qt::Key_Escape) return false;
+        WB->hide();
+        MG->setFocus();
+        return true;
     }
     if (filtrerSaisie(objet, evenement)) return true;
     return FenetreCadre::eventFilter(objet, evenement);

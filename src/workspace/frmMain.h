@@ -104,6 +104,7 @@ private:
     bool filtrerSaisie(QObject *objet, QEvent *evenement);
     bool masquageSaisie_ = false;
     bool retourCalendrier_ = false;
+    bool garderEnfonce_ = false;  // the command leaves its button pressed
 
     // The folder or document the band names, by its keys in the base.
     struct CleSelection {

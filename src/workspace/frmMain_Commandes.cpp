@@ -5,6 +5,11 @@
 #include "Chargement.h"
 #include "grid/MyCoolGrid.h"
 #include "store/Base.h"
+#include "store/Chemins.h"
+#include "store/CopieBase.h"
+#include "dialogs/FrmAP.h"
+#include "search/FrmRecherche.h"
+#include "ui/ChoixFichier.h"
 #include "app/Navigation.h"
 #include "store/Def.h"
 #include "store/FrmModifLogin.h"
@@ -13,7 +18,10 @@
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
+#include <QUrl>
 #include <QTextBrowser>
 
 void frmMain::clicGrille() {
@@ -94,7 +102,9 @@ void frmMain::clicBouton(int index) {
             rechargerGrille();
         }
     }
-    b->relacher();
+    // A cancelled choice of a base to open leaves its button pressed, until the next click on it.
+    if (!garderEnfonce_) b->relacher();
+    garderEnfonce_ = false;
 }
 
 QString frmMain::selectionManquante(int index) const {
@@ -235,6 +245,59 @@ void frmMain::commande(int index) {
         Boutons[index]->relacher();
         Navigation::afficherLogin();
         break;
+    case 1: {
+        const QString chemin = ChoixFichier::ouvrir(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx"));
+        if (chemin.isEmpty()) {
+            garderEnfonce_ = true;
+            return;
+        }
+        // Told before anything happens; either answer goes on, the file is checked first.
+        const bool autre = !CopieBase::memeFichier(chemin, Chemins::cheminBase());
+        QString raison;
+        if (autre && !Base::estBaseKorvane(chemin, &raison)) {
+            Messages::information(raison + QStringLiteral("\nLa base actuelle n'a pas été modifiée."));
+            return;
+        }
+        Messages::question(Chaine(138) + QStringLiteral("\r\n") + Chaine(139));
+        if (autre) CopieBase::remplacer(chemin);
+        Boutons[1]->relacher();
+        Session::ModeLogin = 2;
+        Navigation::afficherLogin();
+        break;
+    }
+    case 2: {
+        const QString chemin = ChoixFichier::enregistrer(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx"));
+        if (chemin.isEmpty()) return;
+        CopieBase::copier(chemin);
+        Messages::information(Chaine(142));
+        break;
+    }
+    case 5: {
+        FrmRecherche recherche(this);
+        if (preparationDialogue_) preparationDialogue_(&recherche);
+        recherche.executer();
+        break;
+    }
+    case 7: {
+        const QString index = QDir(Chemins::dossierProgramme()).filePath(QStringLiteral("Aide/index.htm"));
+        if (!QFileInfo::exists(index)) {
+            Messages::information(QStringLiteral("Les pages d'aide sont introuvables : le dossier « Aide » manque à côté du programme."));
+            return;
+        }
+        // Over the grid until the next command; a second click reloads it.
+        WB->setSource(QUrl::fromLocalFile(index));
+        WB->reload();
+        WB->show();
+        WB->raise();
+        WB->setFocus();
+        break;
+    }
+    case 8: {
+        FrmAP apropos(this);
+        if (preparationDialogue_) preparationDialogue_(&apropos);
+        apropos.executer();
+        break;
+    }
     case 4: {
         FrmModifLogin modification(this);
         if (preparationDialogue_) preparationDialogue_(&modification);

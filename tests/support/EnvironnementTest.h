@@ -6,6 +6,7 @@
 #include "store/Chemins.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
+#include "ui/ChoixFichier.h"
 #include "ui/Messages.h"
 
 #include <QFile>
@@ -25,6 +26,7 @@ public:
         Reglages::definirDossier(dossier.filePath(QStringLiteral("config")));
         Session::reinitialiser();
         Messages::preparerPourTests();
+        ChoixFichier::preparerPourTests();
         if (avecBase) Base::preparerBase();
     }
     ~EnvironnementTest() {

@@ -257,7 +257,7 @@ private slots:
         f->resize(f->width() - 40, f->height());
         QCOMPARE(f->Saisie[4]->text(), QStringLiteral("moi-bis"));
         // A command closes editing after storing the box that still had the focus.
-        commande(5);
+        commande(6);
         QVERIFY(!f->SaisieVisible);
         QCOMPARE(sql(QStringLiteral("SELECT LoginDoc FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("moi-bis"))});
 

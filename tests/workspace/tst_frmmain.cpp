@@ -2,7 +2,9 @@
 
 #include "app/Navigation.h"
 #include "grid/MyCoolGrid.h"
+#include "dialogs/FrmAP.h"
 #include "store/Comptes.h"
+#include "store/CopieBase.h"
 #include "store/Cryptage.h"
 #include "store/FrmLogin.h"
 #include "store/FrmModifLogin.h"
@@ -20,6 +22,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 #include <memory>
 
@@ -269,6 +272,87 @@ private slots:
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents WHERE Num=77")), QStringList{QStringLiteral("1")});
         QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[0], Qt::LeftButton);
         QCOMPARE(Navigation::fenetreLogin()->L[1]->text(), QStringLiteral("Créer un nouveau compte"));
+    }
+
+    void ouvrirEtEnregistrerLaBase() {
+        frmMain *f = ouvrir();
+        const QString base = Chemins::cheminBase();
+        // Save as: a whole copy that opens with the key; a folder that isn't there says so.
+        ChoixFichier::prevoirReponses({env->chemin(QStringLiteral("copie.kvx")), env->chemin(QStringLiteral("absent/copie.kvx"))});
+        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{Chaine(142)});
+        QCOMPARE(BaseSql::lignes(env->chemin(QStringLiteral("copie.kvx")), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
+        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+        QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("La copie vers copie.kvx a échoué")));
+        QVERIFY(!f->Boutons[2]->estEnfonce());
+        QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx)"));
+
+        // Open: a cancel leaves the button pressed until the next click; a foreign file changes nothing.
+        QFile etranger(env->chemin(QStringLiteral("notes.kvx")));
+        QVERIFY(etranger.open(QIODevice::WriteOnly) && etranger.write(QByteArray(4096, 'x')) == 4096);
+        etranger.close();
+        ChoixFichier::prevoirReponses({QString()});
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QVERIFY(f->Boutons[1]->estEnfonce());
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QVERIFY(!f->Boutons[1]->estEnfonce());
+        ChoixFichier::prevoirReponses({etranger.fileName()});
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("n'est pas une base Korvane")));
+        QCOMPARE(Navigation::fenetrePrincipale(), f);
+        QVERIFY(!QFile::exists(CopieBase::cheminSauvegarde()));
+
+        // A Korvane base replaces it whatever the answer; the old one is kept, and the login follows.
+        BaseSql::executer(env->chemin(QStringLiteral("copie.kvx")), QStringLiteral("UPDATE Compte SET Login='bruno'"));
+        ChoixFichier::prevoirReponses({env->chemin(QStringLiteral("copie.kvx"))});
+        Messages::prevoirReponses({false});
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{Chaine(138) + QStringLiteral("\r\n") + Chaine(139)});
+        QCOMPARE(sql(QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("bruno")});
+        QCOMPARE(BaseSql::lignes(CopieBase::cheminSauvegarde(), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
+        QCOMPARE(Session::ModeLogin, std::optional<int>(2));
+        QVERIFY(Navigation::fenetreLogin() && Navigation::fenetreLogin()->Login->itemText(0) == QStringLiteral("bruno"));
+
+        // The .bak itself can be opened back: it is read before it is rewritten.
+        Navigation::afficherPrincipale();
+        ChoixFichier::prevoirReponses({CopieBase::cheminSauvegarde()});
+        QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[1], Qt::LeftButton);
+        QCOMPARE(sql(QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
+        QCOMPARE(BaseSql::lignes(CopieBase::cheminSauvegarde(), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("bruno")});
+    }
+
+    void lAideEtLaBoiteAPropos() {
+        frmMain *f = ouvrir();
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        // No help pages beside the program: said, and nothing covers the grid.
+        QTest::keyClick(f->MG, Qt::Key_F1);
+        QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("« Aide »")));
+        QVERIFY(!f->WB->isVisible());
+        QDir(Chemins::dossierProgramme()).mkpath(QStringLiteral("Aide"));
+        QFile page(QDir(Chemins::dossierProgramme()).filePath(QStringLiteral("Aide/index.htm")));
+        QVERIFY(page.open(QIODevice::WriteOnly) && page.write("<h1>Sommaire</h1>") > 0);
+        page.close();
+        QTest::keyClick(f->MG, Qt::Key_F1);
+        QVERIFY(f->WB->isVisible());
+        QCOMPARE(f->WB->geometry(), f->MG->geometry());
+        QVERIFY(f->WB->toPlainText().contains(QStringLiteral("Sommaire")));
+        // Up until the next command; Escape puts it away too.
+        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
+        QVERIFY(!f->WB->isVisible());
+        QTest::keyClick(f->MG, Qt::Key_F1);
+        QTest::keyClick(f->WB, Qt::Key_Escape);
+        QVERIFY(!f->WB->isVisible());
+
+        // The about box: the program's title; Escape closes it as its close button does.
+        QString titre;
+        f->definirPreparationDialogue([&titre](QWidget *d) {
+            titre = qobject_cast<FrmAP *>(d)->L[1]->text();
+            QTimer::singleShot(0, d, [d] { QTest::keyClick(d, Qt::Key_Escape); });
+        });
+        QTest::mouseClick(f->Boutons[8], Qt::LeftButton);
+        QCOMPARE(titre, QStringLiteral("Korvane"));
+        QVERIFY(!f->Boutons[8]->estEnfonce());
     }
 
     void lAssociationSeFaitAuPremierDemarrageSeulement() {

@@ -1,0 +1,69 @@
+#include "CopieBase.h"
+
+#include "Base.h"
+#include "Chemins.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace CopieBase {
+
+namespace {
+[[noreturn]] void echec(const QString &cible, const QString &raison) {
+    throw Base::ErreurBase(QStringLiteral("La copie vers %1 a échoué : %2\n"
+                                          "Vérifiez les droits du dossier et la place libre sur le disque. "
+                                          "Le fichier %1 n'a pas été modifié.").arg(QFileInfo(cible).fileName(), raison));
+}
+
+// Writes the whole of source into sortie, a hidden file beside its target that only
+// commit() renames over it: a failure half way (full disk, no right) leaves the
+// target as it was.
+void remplir(QSaveFile &sortie, const QString &source) {
+    QFile entree(source);
+    if (!entree.open(QIODevice::ReadOnly))
+        throw Base::ErreurBase(QStringLiteral("Impossible de lire le fichier %1 : %2").arg(QFileInfo(source).fileName(), entree.errorString()));
+    if (!sortie.open(QIODevice::WriteOnly)) echec(sortie.fileName(), sortie.errorString());
+    while (!entree.atEnd()) {
+        const QByteArray bloc = entree.read(1 << 20);
+        if (bloc.isEmpty() || sortie.write(bloc) != bloc.size()) echec(sortie.fileName(), sortie.errorString());
+    }
+}
+
+void valider(QSaveFile &sortie) {
+    if (!sortie.commit()) echec(sortie.fileName(), sortie.errorString());
+}
+
+void copierEntier(const QString &source, const QString &cible) {
+    QSaveFile sortie(cible);
+    remplir(sortie, source);
+    valider(sortie);
+}
+}  // namespace
+
+bool memeFichier(const QString &a, const QString &b) {
+    const QFileInfo fa(a), fb(b);
+    if (fa.exists() && fb.exists()) return fa.canonicalFilePath() == fb.canonicalFilePath();
+    return fa.absoluteFilePath() == fb.absoluteFilePath();
+}
+
+QString cheminSauvegarde() { return Chemins::cheminBase() + QStringLiteral(".bak"); }
+
+void copier(const QString &cible) {
+    if (memeFichier(cible, Chemins::cheminBase())) return;  // the base is already there
+    copierEntier(Chemins::cheminBase(), cible);
+}
+
+void remplacer(const QString &source) {
+    if (memeFichier(source, Chemins::cheminBase())) return;
+    QString raison;
+    if (!Base::estBaseKorvane(source, &raison))
+        throw Base::ErreurBase(raison + QStringLiteral("\nLa base actuelle n'a pas été modifiée."));
+    // Read in whole before the old base goes to the .bak: the file chosen may be that .bak.
+    QSaveFile nouvelle(Chemins::cheminBase());
+    remplir(nouvelle, source);
+    if (QFileInfo::exists(Chemins::cheminBase())) copierEntier(Chemins::cheminBase(), cheminSauvegarde());
+    valider(nouvelle);
+}
+
+}  // namespace CopieBase

@@ -1,0 +1,24 @@
+#pragma once
+// The base file copied whole: away to a file of the user's choice, or in from a
+// chosen Korvane base. Each copy is whole or nothing: the target keeps what it had
+// until the new content is complete.
+
+#include <QString>
+
+namespace CopieBase {
+
+// Copies the base (korvane.kvx) to cible. Throws Base::ErreurBase with a French message.
+void copier(const QString &cible);
+
+// Replaces the base by the file at source, which must open as a Korvane base; the
+// replaced base is kept beside it as korvane.kvx.bak. Throws Base::ErreurBase, the
+// base untouched, when source is no Korvane base or a copy fails.
+void remplacer(const QString &source);
+
+// True when both paths name the same file.
+bool memeFichier(const QString &a, const QString &b);
+
+// Where the replaced base is kept.
+QString cheminSauvegarde();
+
+}  // namespace CopieBase

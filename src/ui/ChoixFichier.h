@@ -1,0 +1,24 @@
+#pragma once
+// The open and save dialogs of files. Tests answer them in advance and read back
+// what was asked.
+
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+namespace ChoixFichier {
+
+// The chosen path, or the empty text when the user cancelled. filtre is the
+// description shown and the pattern, e.g. "Les bases de Korvane" and "*.kvx".
+QString ouvrir(QWidget *parent, const QString &description, const QString &motif);
+// The same for a file to write; a name typed without the pattern's suffix gets it.
+QString enregistrer(QWidget *parent, const QString &description, const QString &motif);
+
+// Test hooks: once prepared, no dialog is shown; each call takes the next prepared
+// answer (an empty one is a cancel, as is none left) and records its filter.
+void preparerPourTests();
+void prevoirReponses(const QStringList &chemins);
+QStringList filtresDemandes();  // since the last call, then emptied
+
+}  // namespace ChoixFichier

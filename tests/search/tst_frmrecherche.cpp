@@ -1,0 +1,133 @@
+// The search window driven through its real controls, over a real base.
+
+#include "app/Navigation.h"
+#include "grid/MyCoolGrid.h"
+#include "search/FrmRecherche.h"
+#include "store/Comptes.h"
+#include "support/BaseSql.h"
+#include "support/EnvironnementTest.h"
+#include "ui/BoutonImage.h"
+#include "workspace/frmMain.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+class TestFrmRecherche : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<EnvironnementTest> env;
+    frmMain *f = nullptr;
+
+    int ligne(const QString &texte) {
+        for (int i = 2; i < f->MG->NbLignes; ++i)
+            if (f->MG->GetColumnInfos(i, 3).trimmed() == texte) return i;
+        return -1;
+    }
+    // Opens the search from the keyboard and runs the steps inside it while it is up.
+    void chercher(const std::function<void(FrmRecherche *)> &etapes) {
+        bool ouverte = false;
+        f->definirPreparationDialogue([&](QWidget *d) {
+            QTimer::singleShot(0, d, [&, d] {
+                ouverte = true;
+                auto *r = qobject_cast<FrmRecherche *>(d);
+                QVERIFY(r);
+                etapes(r);
+                if (r->isVisible()) r->close();
+            });
+        });
+        // Ctrl+F where the main window's keyboard is: its grid.
+        QTest::keyClick(f->MG, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(ouverte);
+    }
+    static QStringList lancer(FrmRecherche *r, const QString &texte, int option) {
+        QTest::mouseClick(r->OptRec[option], Qt::LeftButton);
+        r->Saisie->setText(texte);
+        QTest::keyClick(r->Saisie, Qt::Key_Return);
+        QStringList hits;
+        for (int i = 0; i < r->Liste->count(); ++i) hits << r->Liste->item(i)->text();
+        return hits;
+    }
+
+private slots:
+    void init() {
+        env = std::make_unique<EnvironnementTest>();
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        Reglages::ecrire(Reglages::Cle::Demarrage, 1);
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+            "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+            "INSERT INTO Dossiers VALUES (1, 11, 'Réseau');"
+            "INSERT INTO Documents VALUES (1, 1, 10, 'Compte Courant', 'moi', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
+            "INSERT INTO Documents VALUES (1, 2, 10, 'Livret été', 'banques', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
+            "INSERT INTO Documents VALUES (1, 3, 11, 'Box internet', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);"));
+        Session::NumCompteCourant = 1;
+        Navigation::afficherPrincipale();
+        f = Navigation::fenetrePrincipale();
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+    }
+    void cleanup() {
+        Navigation::fermerTout();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        env.reset();
+    }
+
+    void dossiersEtDocumentsParUnMorceauDeLeurNom() {
+        chercher([](FrmRecherche *r) {
+            QVERIFY(r->OptRec[0]->isChecked());
+            QCOMPARE(lancer(r, QStringLiteral("ES"), 0), QStringList{QStringLiteral(" Banques")});
+            // Blanks alone: the message, and the hits stay.
+            QCOMPARE(lancer(r, QStringLiteral("   "), 0), QStringList{QStringLiteral(" Banques")});
+            QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez d'abord saisir les informations recherchées !")});
+            // Accents count; a second search empties the list first, and no hit says nothing.
+            QCOMPARE(lancer(r, QStringLiteral("res"), 0), QStringList());
+            QCOMPARE(lancer(r, QStringLiteral(" rés "), 0), QStringList{QStringLiteral(" Réseau")});
+            // Documents on their title alone (a login "banques" is never compared), inside a word, any case.
+            QCOMPARE(lancer(r, QStringLiteral("BANQUES"), 1), QStringList());
+            QCOMPARE(lancer(r, QStringLiteral("OURA"), 1), QStringList{QStringLiteral("Compte Courant")});
+            QCOMPARE(lancer(r, QStringLiteral("ete"), 1), QStringList());
+            QCOMPARE(lancer(r, QStringLiteral("T"), 1),
+                     (QStringList{QStringLiteral("Livret été"), QStringLiteral("Compte Courant"), QStringLiteral("Box internet")}));
+            QVERIFY(Messages::affiches().isEmpty());
+            // A double click beside the lines chooses nothing.
+            QTest::mouseDClick(r->Liste->viewport(), Qt::LeftButton, {}, QPoint(5, r->Liste->viewport()->height() - 3));
+            QVERIFY(r->isVisible());
+        });
+    }
+
+    void unDocumentDansUnDossierFermeEstChoisiSansLOuvrir() {
+        const int dossier = f->MG->LigneDeCle(true, QStringLiteral("10"));
+        f->MG->SelectLine(dossier);  // closes Banques
+        QCOMPARE(f->MG->GetParentEtat(dossier), QStringLiteral("A"));
+        chercher([](FrmRecherche *r) {
+            QCOMPARE(lancer(r, QStringLiteral("été"), 1), QStringList{QStringLiteral("Livret été")});
+            // Down reaches the hits, Enter chooses one.
+            QTest::keyClick(r->Saisie, Qt::Key_Down);
+            QTest::keyClick(r->Liste, Qt::Key_Return);
+            QVERIFY(!r->isVisible());
+        });
+        QCOMPARE(f->MG->LigneCourante, ligne(QStringLiteral("Livret été")));
+        QCOMPARE(f->MG->GetParentEtat(dossier), QStringLiteral("A"));
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Banques -  Document : Livret été"));
+
+        // A folder chosen is clicked: it opens, and a second time closes.
+        for (const char *etat : {"B", "A"}) {
+            chercher([](FrmRecherche *r) {
+                lancer(r, QStringLiteral("banq"), 0);
+                const QRect zone = r->Liste->visualItemRect(r->Liste->item(0));
+                QTest::mouseClick(r->Liste->viewport(), Qt::LeftButton, {}, zone.center());
+                QTest::mouseDClick(r->Liste->viewport(), Qt::LeftButton, {}, zone.center());
+                QVERIFY(!r->isVisible());
+            });
+            QCOMPARE(f->MG->GetParentEtat(dossier), QString::fromLatin1(etat));
+        }
+    }
+};
+
+QTEST_MAIN(TestFrmRecherche)
+#include "tst_frmrecherche.moc"
