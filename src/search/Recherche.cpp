@@ -2,6 +2,8 @@
 
 #include "grid/ModeleGrille.h"
 
+#include <QStringMatcher>
+
 namespace Recherche {
 
 namespace {
@@ -16,13 +18,14 @@ QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool 
     if (cherche.isEmpty()) return resultats;
     const grille::Grille &g = grille.cellules();
     const int colonne = dossiers ? kColonneNomDossier : kColonneTitre;
+    const QStringMatcher motif(cherche, Qt::CaseInsensitive);
     // The cells are read where they lie, never copied: one comparison a row.
     const int fin = qMin(grille.NbLignes, g.Rows());
     for (int ligne = 2; ligne < fin; ++ligne) {
         const bool dossier = g.cellule(ligne, kColonneType).texte == u'P';
         if (dossier != dossiers) continue;
         const QString &cellule = g.cellule(ligne, colonne).texte;
-        if (QStringView(cellule).contains(cherche, Qt::CaseInsensitive)) resultats.append({ligne, cellule});
+        if (motif.indexIn(cellule) >= 0) resultats.append({ligne, cellule});
     }
     return resultats;
 }
