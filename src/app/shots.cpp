@@ -13,6 +13,8 @@
 #include "workspace/frmMain.h"
 #include "dialogs/FrmAjoutDoc.h"
 #include "dialogs/FrmAjoutDossier.h"
+#include "dialogs/FrmAP.h"
+#include "search/FrmRecherche.h"
 #include <QLabel>
 #include "grid/MyCoolGrid.h"
 #include "grid/Apercu.h"
@@ -22,6 +24,8 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -119,6 +123,27 @@ int main(int argc, char *argv[]) {
 
     FrmModifLogin modif;
     ok &= enregistrer(&modif, sortie, QStringLiteral("modif_login"));
+
+    // The search window with its hits, the about box, and the help over the grid.
+    FrmRecherche recherche(principale);
+    recherche.OptRec[1]->setChecked(true);
+    recherche.Saisie->setText(QStringLiteral("e"));
+    recherche.OInterface[0]->enfoncer();
+    emit recherche.OInterface[0]->clicked();
+    recherche.Liste->setCurrentRow(1);
+    ok &= enregistrer(&recherche, sortie, QStringLiteral("recherche"));
+    recherche.close();
+    FrmAP apropos(principale);
+    ok &= enregistrer(&apropos, sortie, QStringLiteral("apropos"));
+    apropos.close();
+    // The pages that the build puts beside the program.
+    const QString aide = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Aide"));
+    QDir().mkpath(programme.filePath(QStringLiteral("Aide")));
+    for (const QString &page : QDir(aide).entryList(QDir::Files))
+        QFile::copy(QDir(aide).filePath(page), programme.filePath(QStringLiteral("Aide/") + page));
+    principale->Boutons[7]->enfoncer();
+    emit principale->Boutons[7]->clicked();
+    ok &= enregistrer(principale, sortie, QStringLiteral("main_aide"));
 
     // The grid alone, over a sample of every kind of row.
     const QString cheminGrille = QDir(sortie).filePath(QStringLiteral("grille.png"));

@@ -33,7 +33,11 @@ FrmRecherche::FrmRecherche(frmMain *principale) : FenetreDialogue(principale) {
     colorerLibelle(L[0], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
     activerDeplacement(L[0]);
 
-    const QString styleOption = QStringLiteral("QRadioButton { color: #1f2a44; font-weight: bold; background: transparent; }");
+    const QString styleOption = QStringLiteral(
+        "QRadioButton { color: #1f2a44; font-weight: bold; background: transparent; spacing: 8px; }"
+        "QRadioButton::indicator { width: 12px; height: 12px; border-radius: 7px; border: 2px solid #2e3f66; background: #ffffff; }"
+        "QRadioButton::indicator:checked { background: #e0a526; }"
+        "QRadioButton:focus { text-decoration: underline; }");
     for (int i = 0; i < 2; ++i) {
         OptRec[i] = new QRadioButton(Chaine(123 + i), FondBleu);
         OptRec[i]->setObjectName(QStringLiteral("OptRec%1").arg(i));
@@ -60,7 +64,8 @@ FrmRecherche::FrmRecherche(frmMain *principale) : FenetreDialogue(principale) {
     Liste->setObjectName(QStringLiteral("Liste"));
     Liste->setUniformItemSizes(true);
     Liste->setStyleSheet(QStringLiteral("QListWidget { background: #ffffff; border: 1px solid #8c98b0; }"
-                                        "QListWidget::item:selected { background: #2e3f66; color: #ffffff; }"));
+                                        "QListWidget::item { padding: 3px 2px; color: #1f2a44; }"
+                                        "QListWidget::item:selected { padding: 3px 2px; background: #2e3f66; color: #ffffff; }"));
     Liste->installEventFilter(this);
     connect(Liste, &QListWidget::itemDoubleClicked, this, [this] { choisirResultat(); });
 
