@@ -6,6 +6,7 @@
 #include "ui/BoutonImage.h"
 #include "ui/Calendriers.h"
 #include "ui/Chaines.h"
+#include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
 
 #include <QCalendarWidget>
@@ -101,7 +102,7 @@ void FrmAjoutDoc::creerControles() {
         Saisie[i] = new QLineEdit(FondBleu);
         Saisie[i]->setObjectName(QStringLiteral("Saisie%1").arg(i));
         // What the box shows is what the field will hold.
-        Saisie[i]->setMaxLength(Def::kLongueurChamp);
+        LimiteSaisie::limiter(Saisie[i], Def::kLongueurChamp);
         Saisie[i]->installEventFilter(this);
         connect(Saisie[i], &QLineEdit::returnPressed, this, [this] {
             OK->enfoncer();

@@ -4,6 +4,7 @@
 #include "store/Def.h"
 #include "store/Reglages.h"
 #include "ui/BoutonImage.h"
+#include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
 
 #include <QLabel>
@@ -30,7 +31,7 @@ FrmAjoutDossier::FrmAjoutDossier(frmMain *principale) : FenetreDialogue(principa
     Saisie = new QLineEdit(FondBleu);
     Saisie->setObjectName(QStringLiteral("Saisie"));
     // What the box shows is what the base will hold.
-    Saisie->setMaxLength(Def::kLongueurChamp);
+    LimiteSaisie::limiter(Saisie, Def::kLongueurChamp);
     connect(Saisie, &QLineEdit::returnPressed, this, [this] {
         OK->enfoncer();
         clicOK();

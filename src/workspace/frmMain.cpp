@@ -233,14 +233,14 @@ void frmMain::placerSelonReglages() {
     int largeur = kLargeurNormale / kTwips, hauteur = kHauteurNormale / kTwips;
     int gauche = Reglages::lireNombre(Reglages::Cle::MainLeft, (zone.width() * kTwips - kLargeurNormale) / 2) / kTwips;
     int haut = Reglages::lireNombre(Reglages::Cle::MainTop, (zone.height() * kTwips - kHauteurNormale) / 2) / kTwips;
-    if (largeur > zone.width()) {
-        largeur = zone.width();
-        gauche = 0;
-    }
-    if (hauteur > zone.height()) {
-        hauteur = zone.height();
-        haut = 0;
-    }
+    // The saved place is only a wish: a screen that is gone, or a value edited by hand,
+    // must not put the window where nobody sees it. It stays whole on a screen that exists.
+    const QScreen *dessous = QGuiApplication::screenAt(QPoint(gauche + largeur / 2, haut + kHautEntete / 2));
+    const QRect dispo = dessous ? dessous->availableGeometry() : (ecran ? ecran->availableGeometry() : zone);
+    largeur = qMin(largeur, dispo.width());
+    hauteur = qMin(hauteur, dispo.height());
+    gauche = qBound(dispo.left(), gauche, dispo.right() + 1 - largeur);
+    haut = qBound(dispo.top(), haut, dispo.bottom() + 1 - hauteur);
     setGeometry(gauche, haut, largeur, hauteur);
 }
 

@@ -7,6 +7,7 @@
 #include "store/Cryptage.h"
 #include "store/Def.h"
 #include "ui/Calendriers.h"
+#include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
 
 #include <QAbstractItemView>
@@ -36,6 +37,8 @@ void frmMain::creerSaisies() {
         s->setStyleSheet(QStringLiteral("QLineEdit { background: rgb(255, 204, 59); color: black; border: 1px solid #9c6f10; padding: 0 2px; }"));
         s->hide();
         s->installEventFilter(this);
+        // Enciphered, a character takes three of the field's 255.
+        LimiteSaisie::limiter(s, Def::kLongueurChamp / 3);
         Saisie[i] = s;
     }
     for (int i : {kDateDebut, kDateFin}) Saisie[i]->setPlaceholderText(QStringLiteral("jj/mm/aaaa"));

@@ -9,6 +9,7 @@
 #include "ui/BoutonImage.h"
 
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
@@ -87,8 +88,13 @@ private slots:
         ouvrir(f);
         const QStringList textes = {QStringLiteral("   "), QStringLiteral("jean.dupont"), QStringLiteral("Pa55-word!"),
                                     QStringLiteral("https://www.ca.fr"), QString(), QStringLiteral("n'importe quoi"),
-                                    QStringLiteral("31/12/2027"), QString(300, u'é')};
+                                    QStringLiteral("31/12/2027"), QString(255, u'é')};
         for (int i = 0; i < FrmAjoutDoc::kNbSaisies; ++i) taper(f.Saisie[i], textes[i]);
+        // A field holds 255 characters: a longer paste is refused whole, with the limit said.
+        QApplication::clipboard()->setText(QString(10000, u'x'));
+        QTest::keyClick(f.Saisie[3], Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(f.Saisie[3]->text(), textes[3]);
+        QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Ce champ contient au plus 255 caractères")));
         // Enter in any box is OK; a title of blanks is none.
         QTest::keyClick(f.Saisie[2], Qt::Key_Return);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Veuillez saisir le titre, svp !")});
@@ -105,7 +111,7 @@ private slots:
         QCOMPARE(Messages::affiches(), QStringList());
         QVERIFY(!f.isVisible());
         // One above the highest number of all accounts; leading blanks and accents kept,
-        // nothing enciphered, an empty field empty, the long one cut to 255, the last icon.
+        // nothing enciphered, an empty field empty, a full one whole, the last icon.
         QCOMPARE(documents().size(), 3);
         QCOMPARE(documents().last(), QStringLiteral("1|42|10|  Crédit Agricole|jean.dupont|Pa55-word!|https://www.ca.fr||"
                                                     "n'importe quoi|31/12/2027|%1|5").arg(QString(255, u'é')));

@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QScrollBar>
 #include <QLabel>
 #include <QLineEdit>
@@ -36,6 +37,7 @@ class TestEdition : public QObject {
         return -1;
     }
     void cliquerLigne(int l) {
+        f->MG->rendreVisible(l);  // scrolled to first, as a user does
         int w = 0, y = 0, h = 0;
         f->MG->GetColumnInfos(l, 3, w, y, h);
         QTest::mouseClick(f->MG->viewport(), Qt::LeftButton, {}, QPoint(f->MG->viewport()->width() / 2, y + h / 2));
@@ -56,6 +58,7 @@ class TestEdition : public QObject {
     // Opens editing on a document by the keyboard, with the focus in its title box.
     void editer(const QString &titre) {
         cliquerLigne(ligne(titre));
+        QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : ") + titre));
         touche(Qt::Key_F2);
         QVERIFY(f->SaisieVisible);
         QCOMPARE(QApplication::focusWidget(), f->Saisie[3]);
@@ -272,6 +275,22 @@ private slots:
         QVERIFY(!f->SaisieVisible);
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("Compte courant!"))});
         QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : Compte courant!")));
+
+        // A box holds what its field stores enciphered: 85 characters. A longer paste is
+        // refused whole with the limit said; 85 are stored and read back whole.
+        editer(QStringLiteral("Livret"));
+        f->Saisie[10]->setFocus();
+        QApplication::clipboard()->setText(QString(10000, u'y'));
+        touche(Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Ce champ contient au plus 85 caractères")));
+        QVERIFY(f->Saisie[10]->text().isEmpty());
+        QApplication::clipboard()->setText(QString(85, u'y'));
+        touche(Qt::Key_V, Qt::ControlModifier);
+        touche(Qt::Key_Return);
+        QVERIFY(Messages::affiches().isEmpty());
+        f->MG->Clear();
+        f->ChargerMG();
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), 10), QString(85, u'y'));
 
         // Escape drops what was not stored: nothing written, the cells as they were.
         editer(QStringLiteral("Livret"));

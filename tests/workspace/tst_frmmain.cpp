@@ -122,9 +122,17 @@ private slots:
         frmMain *f = ouvrir();
         const int largeur = qMin(1000, ecran.width()), hauteur = qMin(800, ecran.height());
         QCOMPARE(f->size(), QSize(largeur, hauteur));
-        // Wider than the screen: cut to it and put at the left edge, whatever was saved.
-        QCOMPARE(f->x(), largeur < 1000 ? 0 : 30);
-        QCOMPARE(f->y(), hauteur < 800 ? 0 : 20);
+        // The saved place, moved only as far as needed to keep the window whole on the screen.
+        QCOMPARE(f->x(), qMin(30, ecran.width() - largeur));
+        QCOMPARE(f->y(), qMin(20, ecran.height() - hauteur));
+        // Places no screen has (a screen gone, a setting edited by hand) never hide it.
+        for (const int valeur : {2147483647, -2147483647 - 1, 60000}) {
+            Navigation::fermerTout();
+            Reglages::ecrire(Reglages::Cle::MainLeft, valeur);
+            Reglages::ecrire(Reglages::Cle::MainTop, valeur);
+            f = ouvrir();
+            QVERIFY2(ecran.contains(f->geometry()), qPrintable(QString::number(valeur)));
+        }
         // The grid lies between the two bars, the bottom bar above the band.
         QVERIFY(f->MG->geometry().top() > f->TbToolbar[0]->geometry().bottom());
         QVERIFY(f->MG->geometry().bottom() < f->TbToolbar[1]->geometry().top());
