@@ -1,0 +1,320 @@
+// The four export files: the grid's cells as they show, in the clear, in fixed layouts.
+
+#include "Exports.h"
+
+#include "grid/ModeleGrille.h"
+#include "store/Base.h"
+#include "store/Chemins.h"
+#include "ui/Chaines.h"
+
+#include <QByteArrayView>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace Exports {
+
+namespace {
+
+constexpr int kPremiereLigne = 2;  // rows 0 and 1 are the title and the section
+constexpr int kColonneTitre = 3;   // the eight fields are in columns 3 to 10
+constexpr int kNbChamps = 8;
+constexpr int kChaineTitreHtml = 109;
+constexpr int kChainePremierLibelle = 110;
+
+constexpr QByteArrayView kFin("\r\n");
+constexpr QByteArrayView kTd("<td width='");
+constexpr QByteArrayView kPolice("<font face='Verdana, Arial, Helvetica, sans-serif' size='2' color=");
+constexpr QByteArrayView kCelluleVide("%'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'></font></td>");
+constexpr QByteArrayView kCelluleChamp("%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;");
+constexpr std::array<QByteArrayView, 7> kLargeursChamps{"13", "9", "10", "12", "11", "10", "29"};
+constexpr std::array<QByteArrayView, 8> kLargeursEspaceur{"6", "13", "9", "10", "12", "11", "10", "29"};
+
+// A file's bytes, line by line; each line ends with CR LF. Pieces are copied straight
+// into a buffer: tens of megabytes go through here. Bound to a file, the buffer
+// goes out to it whenever full; otherwise it grows by doubling.
+class Sortie {
+public:
+    explicit Sortie(qsizetype prevu, QIODevice *fichier = nullptr) : fichier_(fichier) {
+        octets_.resize(std::max<qsizetype>(prevu, 256));
+        tete_ = octets_.data();
+    }
+    Sortie &operator<<(QByteArrayView morceau) {
+        if (morceau.isEmpty()) return *this;
+        if (taille_ + morceau.size() > octets_.size()) faireDeLaPlace(morceau.size());
+        std::memcpy(tete_ + taille_, morceau.data(), size_t(morceau.size()));
+        taille_ += morceau.size();
+        return *this;
+    }
+    void fin() { *this << kFin; }
+    void ligne(QByteArrayView texte) { *this << texte << kFin; }
+    QByteArray prendre() {
+        octets_.truncate(taille_);
+        return std::move(octets_);
+    }
+    // What is left goes to the file; false when any write to it failed.
+    bool vider() {
+        if (ok_ && taille_ > 0) ok_ = fichier_->write(tete_, taille_) == taille_;
+        taille_ = 0;
+        return ok_;
+    }
+
+private:
+    void faireDeLaPlace(qsizetype besoin) {
+        if (fichier_) vider();
+        if (taille_ + besoin <= octets_.size()) return;
+        octets_.resize(std::max(2 * octets_.size(), taille_ + besoin));
+        tete_ = octets_.data();
+    }
+
+    QIODevice *fichier_;
+    QByteArray octets_;
+    char *tete_ = nullptr;
+    qsizetype taille_ = 0;
+    bool ok_ = true;
+};
+
+// The rows after the title and the section; NbLignes counts rows deleted since, so
+// the grid's own count bounds it.
+int finDesLignes(const ModeleGrille &g) { return std::min(g.NbLignes, g.cellules().Rows()); }
+
+// Without the blank the grid puts before a folder's name, nor any at its end; other
+// white space is part of the name.
+QString sansBlancs(const QString &texte) {
+    qsizetype debut = 0, fin = texte.size();
+    while (debut < fin && texte[debut] == u' ') ++debut;
+    while (fin > debut && texte[fin - 1] == u' ') --fin;
+    return texte.mid(debut, fin - debut);
+}
+
+QString nomDossier(const ModeleGrille &g, int ligne) { return sansBlancs(g.texte(ligne, kColonneTitre)); }
+
+QByteArray champ(const ModeleGrille &g, int ligne, int k) { return g.texte(ligne, kColonneTitre + k).toUtf8(); }
+
+std::array<QByteArray, kNbChamps> libelles() {
+    std::array<QByteArray, kNbChamps> l;
+    for (int k = 0; k < kNbChamps; ++k) l[size_t(k)] = Chaine(kChainePremierLibelle + k).toUtf8();
+    return l;
+}
+
+// A rough size of the file, so that the buffer grows once or twice, not at every line.
+qsizetype taille(const ModeleGrille &g, qsizetype parLigne) {
+    return qsizetype(std::max(0, finDesLignes(g) - kPremiereLigne)) * parLigne + 512;
+}
+
+QString raison(const QFileDevice &f) {
+    switch (f.error()) {
+    case QFileDevice::ResourceError: return QStringLiteral("le disque est plein");
+    case QFileDevice::PermissionsError: return QStringLiteral("les droits manquent");
+    case QFileDevice::OpenError: return QStringLiteral("il ne peut pas être ouvert");
+    default: return QStringLiteral("l'écriture a échoué");
+    }
+}
+
+constexpr QFileDevice::Permissions kDroitsFichier = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr QFileDevice::Permissions kDroitsDossier = kDroitsFichier | QFileDevice::ExeOwner;
+
+// The files hold passwords in the clear: the folder and its files are the user's alone.
+void preparerDossier() {
+    const QString dossier = Chemins::dossierEdition();
+    if (!QDir().mkpath(dossier) || !QFile::setPermissions(dossier, kDroitsDossier))
+        throw Base::ErreurBase(QStringLiteral("Le dossier d'export %1 ne peut pas être créé ou protégé.\n"
+                                              "Vérifiez les droits du dossier du programme.")
+                                   .arg(QDir::toNativeSeparators(dossier)));
+}
+
+void ecrireHtm(const ModeleGrille &g, Sortie &s) {
+    const auto lib = libelles();
+    s << "<title>" << Chaine(kChaineTitreHtml).toUtf8() << "</title>";
+    s.fin();
+    // The quote stands behind the bracket: the layout of the page is fixed to the byte.
+    s.ligne("<body bgcolor='#6699CC' leftmargin='0' topmargin='0' marginwidth='0' marginheight='0>'");
+    s.ligne("<table width='100%' border='0' cellspacing='0' cellpadding='0'>");
+    const int fin = finDesLignes(g);
+    for (int r = kPremiereLigne; r < fin; ++r) {
+        if (g.IsLigneParent(r)) {
+            s.ligne("<br>");
+            s.ligne("<tr>");
+            s << "<td colspan='8'>" << kPolice << "'red'>[" << nomDossier(g, r).toUtf8() << "]<br>";
+            s.fin();
+            s.ligne("</font></td>");
+            s.ligne("</tr>");
+        } else {
+            s.ligne("<tr>");
+            s << kTd << "6" << kCelluleVide;
+            s.fin();
+            for (int k = 0; k < 7; ++k) {
+                s << "<br>" << kTd << kLargeursChamps[size_t(k)] << kCelluleChamp << lib[size_t(k)] << "</b> : "
+                  << champ(g, r, k) << "</font></td>";
+                s.fin();
+            }
+            s.ligne("</tr>");
+            s.ligne("<tr>");
+            s << kTd << "6" << kCelluleVide;
+            s.fin();
+            s << "<br><td colspan='7'>" << kPolice << "'0'>&nbsp;&nbsp;&nbsp;&nbsp;" << champ(g, r, 7)
+              << "</font></td><br>";
+            s.fin();
+            s.ligne("</tr>");
+        }
+        s.ligne("<tr>");
+        for (const QByteArrayView largeur : kLargeursEspaceur) {
+            s << kTd << largeur << kCelluleVide;
+            s.fin();
+        }
+        s.ligne("</tr>");
+    }
+    s.ligne("</table>");
+    s.ligne("</body>");
+}
+
+void ecrireTxt(const ModeleGrille &g, Sortie &s) {
+    const auto lib = libelles();
+    const int fin = finDesLignes(g);
+    for (int r = kPremiereLigne; r < fin; ++r) {
+        if (g.IsLigneParent(r)) {
+            s.fin();
+            s << "[" << nomDossier(g, r).toUtf8() << "]";
+            s.fin();
+            s.fin();
+        } else {
+            for (int k = 0; k < kNbChamps; ++k) {
+                s << "     " << lib[size_t(k)] << " : " << champ(g, r, k);
+                s.fin();
+            }
+            s.fin();
+        }
+    }
+}
+
+void ecrireCsv(const ModeleGrille &g, Sortie &s) {
+    const int fin = finDesLignes(g);
+    for (int r = kPremiereLigne; r < fin; ++r) {
+        if (g.IsLigneParent(r)) {
+            s << "[" << nomDossier(g, r).toUtf8() << "]";
+        } else {
+            // No quoting: a ";" or a line break in a field breaks the row.
+            for (int k = 0; k < kNbChamps; ++k) {
+                if (k > 0) s << ";";
+                s << champ(g, r, k);
+            }
+        }
+        s.fin();
+    }
+}
+
+void ecrireXml(const ModeleGrille &g, Sortie &s) {
+    // Tag names are the labels cleaned like the values: "Motdepasse>", "Datededebut>".
+    std::array<QByteArray, kNbChamps> balises;
+    for (int k = 0; k < kNbChamps; ++k)
+        balises[size_t(k)] = NettoyerXml(Chaine(kChainePremierLibelle + k) + QStringLiteral("> ")).toUtf8();
+    const auto valeur = [&g](int r, int k) { return NettoyerXml(g.texte(r, kColonneTitre + k)).toUtf8(); };
+
+    s.ligne("<EditionXml>");
+    // A folder's element holds only its name: it closes at the next row, and its
+    // documents follow it rather than sit inside it.
+    bool DossierOuvert = false;
+    const int fin = finDesLignes(g);
+    for (int r = kPremiereLigne; r < fin; ++r) {
+        if (DossierOuvert) {
+            s.ligne("</Dossier>");
+            DossierOuvert = false;
+        }
+        if (g.IsLigneParent(r)) {
+            s.ligne("<Dossier>");
+            s << "[" << NettoyerXml(nomDossier(g, r)).toUtf8() << "]";
+            s.fin();
+            DossierOuvert = true;
+        } else {
+            // The title's element stays open over the seven others.
+            s << "<" << balises[0] << valeur(r, 0);
+            s.fin();
+            for (int k = 1; k < kNbChamps; ++k) {
+                s << "<" << balises[size_t(k)] << valeur(r, k) << "</" << balises[size_t(k)];
+                s.fin();
+            }
+            s << "</" << balises[0];
+            s.fin();
+        }
+    }
+    if (DossierOuvert) s.ligne("</Dossier>");
+    s.ligne("</EditionXml>");
+}
+
+using Ecrivain = void (*)(const ModeleGrille &, Sortie &);
+
+QByteArray enMemoire(const ModeleGrille &g, Ecrivain ecrivain, qsizetype parLigne) {
+    Sortie s(taille(g, parLigne));
+    ecrivain(g, s);
+    return s.prendre();
+}
+
+// Whole or not at all: a hidden file beside the target, renamed over it at the end.
+void ecrire(int format, const ModeleGrille &g, Ecrivain ecrivain) {
+    preparerDossier();
+    const QString fichier = chemin(format);
+    QSaveFile sortie(fichier);
+    // Owner-only before the first byte, whatever rights an older file had.
+    bool ok = sortie.open(QIODevice::WriteOnly) && sortie.setPermissions(kDroitsFichier);
+    if (ok) {
+        Sortie s(1 << 18, &sortie);
+        ecrivain(g, s);
+        ok = s.vider() && sortie.commit();
+    }
+    if (!ok)
+        throw Base::ErreurBase(QStringLiteral("Le fichier d'export %1 n'a pas pu être écrit : %2.\n"
+                                              "Vérifiez les droits du dossier et la place libre sur le disque.")
+                                   .arg(QDir::toNativeSeparators(fichier), raison(sortie)));
+}
+
+}  // namespace
+
+QString chemin(int format) {
+    static const char *const noms[] = {"edition.htm", "edition.txt", "csv.txt", "edition.xml"};
+    if (format < Html || format > Xml) return QString();
+    return QDir(Chemins::dossierEdition()).filePath(QString::fromLatin1(noms[format]));
+}
+
+QString libelleCopie(int format) {
+    static const char *const libelles[] = {" Html", " Texte", " Csv", " Xml"};
+    return format >= Html && format <= Xml ? QString::fromLatin1(libelles[format]) : QString();
+}
+
+QString motifCopie(int format) {
+    static const char *const motifs[] = {"*.htm *.html", "*.txt", "*.csv", "*.xml"};
+    return format >= Html && format <= Xml ? QString::fromLatin1(motifs[format]) : QString();
+}
+
+QString NettoyerXml(const QString &texte) {
+    // Blanks go first, so that a "°" turned into a blank stays.
+    QString net;
+    net.reserve(texte.size());
+    for (const QChar c : texte) {
+        if (c == u' ') continue;
+        net.append(c == u'é' ? QChar(u'e') : c == u'°' ? QChar(u' ') : c);
+    }
+    return net;
+}
+
+QByteArray contenuHtm(const ModeleGrille &grille) { return enMemoire(grille, ecrireHtm, 2600); }
+QByteArray contenuTxt(const ModeleGrille &grille) { return enMemoire(grille, ecrireTxt, 400); }
+QByteArray contenuCsv(const ModeleGrille &grille) { return enMemoire(grille, ecrireCsv, 200); }
+QByteArray contenuXml(const ModeleGrille &grille) { return enMemoire(grille, ecrireXml, 300); }
+
+void CreerFicTxt(const ModeleGrille &grille) { ecrire(Texte, grille, ecrireTxt); }
+void CreerFicCsv(const ModeleGrille &grille) { ecrire(Csv, grille, ecrireCsv); }
+void CreerFicHtm(const ModeleGrille &grille) { ecrire(Html, grille, ecrireHtm); }
+void CreerFicXml(const ModeleGrille &grille) { ecrire(Xml, grille, ecrireXml); }
+
+void creerTout(const ModeleGrille &grille) {
+    CreerFicTxt(grille);
+    CreerFicCsv(grille);
+    CreerFicHtm(grille);
+    CreerFicXml(grille);
+}
+
+}  // namespace Exports
