@@ -14,6 +14,7 @@
 #include "dialogs/FrmAjoutDoc.h"
 #include "dialogs/FrmAjoutDossier.h"
 #include "dialogs/FrmAP.h"
+#include "options/FrmOptions.h"
 #include "search/FrmRecherche.h"
 #include <QLabel>
 #include "grid/MyCoolGrid.h"
@@ -141,6 +142,13 @@ int main(int argc, char *argv[]) {
     QDir().mkpath(programme.filePath(QStringLiteral("Aide")));
     for (const QString &page : QDir(aide).entryList(QDir::Files))
         QFile::copy(QDir(aide).filePath(page), programme.filePath(QStringLiteral("Aide/") + page));
+    // The four pages of the options.
+    FrmOptions options(principale);
+    for (int i = 0; i < 4; ++i) {
+        options.Onglets[i]->click();
+        ok &= enregistrer(&options, sortie, QStringLiteral("options_%1").arg(i));
+    }
+    options.close();
     principale->Boutons[7]->enfoncer();
     emit principale->Boutons[7]->clicked();
     ok &= enregistrer(principale, sortie, QStringLiteral("main_aide"));

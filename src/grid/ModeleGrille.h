@@ -25,7 +25,7 @@ public:
     ModeleGrille();
     virtual ~ModeleGrille() = default;
 
-    int LigneCourante = 0;  // row of the last click; the exports move it too
+    int LigneCourante = 0;  // row of the last click
     int NbLignes = 0;       // rows added since the last Clear; deletions don't count
 
     // Rows and operations.

@@ -34,12 +34,13 @@ void valider(QSaveFile &sortie) {
     if (!sortie.commit()) echec(sortie.fileName(), sortie.errorString());
 }
 
+}  // namespace
+
 void copierEntier(const QString &source, const QString &cible) {
     QSaveFile sortie(cible);
     remplir(sortie, source);
     valider(sortie);
 }
-}  // namespace
 
 bool memeFichier(const QString &a, const QString &b) {
     const QFileInfo fa(a), fb(b);

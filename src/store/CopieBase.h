@@ -15,6 +15,9 @@ void copier(const QString &cible);
 // base untouched, when source is no Korvane base or a copy fails.
 void remplacer(const QString &source);
 
+// Any file copied whole to cible, or cible left as it was. Throws Base::ErreurBase.
+void copierEntier(const QString &source, const QString &cible);
+
 // True when both paths name the same file.
 bool memeFichier(const QString &a, const QString &b);
 

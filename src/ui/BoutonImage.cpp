@@ -33,7 +33,7 @@ void BoutonImage::paintEvent(QPaintEvent *) {
     p.setRenderHint(QPainter::Antialiasing);
     const bool enfonce = isChecked() || isDown();
     QRectF zone = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    if (survole_ || enfonce) {
+    if (survole_ || enfonce || hasFocus()) {
         p.setPen(QColor(224, 165, 38, enfonce ? 230 : 150));
         p.setBrush(QColor(255, 255, 255, enfonce ? 40 : 25));
         p.drawRoundedRect(zone, 4, 4);

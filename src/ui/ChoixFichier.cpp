@@ -2,6 +2,7 @@
 
 #include "Messages.h"
 
+#include <QColorDialog>
 #include <QFileDialog>
 
 namespace ChoixFichier {
@@ -11,6 +12,7 @@ struct EtatTest {
     bool actif = false;
     QStringList reponses;
     QStringList filtres;
+    QList<int> couleurs;
 };
 EtatTest &etat() {
     static EtatTest e;
@@ -41,11 +43,25 @@ QString enregistrer(QWidget *parent, const QString &description, const QString &
     return choisir(parent, description, motif, QFileDialog::AcceptSave);
 }
 
+int couleur(QWidget *parent, int initiale) {
+    if (etat().actif) {
+        const int choix = etat().couleurs.isEmpty() ? -1 : etat().couleurs.takeFirst();
+        return choix < 0 ? initiale : choix;
+    }
+    const QColor depart(initiale & 0xff, (initiale >> 8) & 0xff, (initiale >> 16) & 0xff);
+    const QColor choisie = QColorDialog::getColor(depart, parent, Messages::kTitre);
+    if (!choisie.isValid()) return initiale;
+    return choisie.red() | (choisie.green() << 8) | (choisie.blue() << 16);
+}
+
 void preparerPourTests() {
     etat().actif = true;
     etat().reponses.clear();
     etat().filtres.clear();
+    etat().couleurs.clear();
 }
+
+void prevoirCouleurs(const QList<int> &couleurs) { etat().couleurs = couleurs; }
 
 void prevoirReponses(const QStringList &chemins) { etat().reponses = chemins; }
 

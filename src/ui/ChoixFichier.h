@@ -1,8 +1,9 @@
 #pragma once
-// The open and save dialogs of files. Tests answer them in advance and read back
-// what was asked.
+// The common dialogs: open and save a file, choose a colour. Tests answer them in
+// advance and read back what was asked.
 
 #include <QString>
+#include <QList>
 #include <QStringList>
 
 class QWidget;
@@ -15,10 +16,15 @@ QString ouvrir(QWidget *parent, const QString &description, const QString &motif
 // The same for a file to write; a name typed without the pattern's suffix gets it.
 QString enregistrer(QWidget *parent, const QString &description, const QString &motif);
 
+// A colour (red in the low byte) chosen from initiale; a cancel gives initiale back.
+int couleur(QWidget *parent, int initiale);
+
 // Test hooks: once prepared, no dialog is shown; each call takes the next prepared
 // answer (an empty one is a cancel, as is none left) and records its filter.
 void preparerPourTests();
 void prevoirReponses(const QStringList &chemins);
 QStringList filtresDemandes();  // since the last call, then emptied
+// Colours take the next prepared answer; -1, or none left, is a cancel.
+void prevoirCouleurs(const QList<int> &couleurs);
 
 }  // namespace ChoixFichier

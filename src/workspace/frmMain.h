@@ -5,8 +5,10 @@
 #include "ui/FenetreCadre.h"
 
 #include <array>
+#include <QPointer>
 #include <functional>
 
+class FrmOptions;
 class MyCoolGrid;
 class QCalendarWidget;
 class QLabel;
@@ -105,6 +107,7 @@ private:
     bool masquageSaisie_ = false;
     bool retourCalendrier_ = false;
     bool garderEnfonce_ = false;  // the command leaves its button pressed
+    QPointer<FrmOptions> options_;
 
     // The folder or document the band names, by its keys in the base.
     struct CleSelection {

@@ -8,6 +8,7 @@
 #include "store/Chemins.h"
 #include "store/CopieBase.h"
 #include "dialogs/FrmAP.h"
+#include "options/FrmOptions.h"
 #include "search/FrmRecherche.h"
 #include "ui/ChoixFichier.h"
 #include "app/Navigation.h"
@@ -276,6 +277,13 @@ void frmMain::commande(int index) {
         FrmRecherche recherche(this);
         if (preparationDialogue_) preparationDialogue_(&recherche);
         recherche.executer();
+        break;
+    }
+    case 6: {
+        // Made at the first opening and kept: a second opening finds it as it was left.
+        if (!options_) options_ = new FrmOptions(this);
+        if (preparationDialogue_) preparationDialogue_(options_);
+        options_->executer();
         break;
     }
     case 7: {

@@ -260,8 +260,11 @@ private slots:
         f->resize(f->width() - 40, f->height());
         QCOMPARE(f->Saisie[4]->text(), QStringLiteral("moi-bis"));
         // A command closes editing after storing the box that still had the focus.
-        commande(6);
+        f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
+        commande(8);
         QVERIFY(!f->SaisieVisible);
+        f->activateWindow();  // back from the dialog, as the desktop does
+        QVERIFY(QTest::qWaitForWindowActive(f));
         QCOMPARE(sql(QStringLiteral("SELECT LoginDoc FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("moi-bis"))});
 
         // Scrolling the row away stores what was typed too.

@@ -194,9 +194,6 @@ private slots:
         QEvent sortie(QEvent::Leave);
         QCoreApplication::sendEvent(f->Boutons[5], &sortie);
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
-        // A click only releases the button until its command exists.
-        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
-        QVERIFY(!f->Boutons[6]->estEnfonce());
         // The clock shows the time after its first tick, and the export folder exists.
         QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
         QVERIFY(QDir(Chemins::dossierEdition()).exists());
@@ -346,7 +343,8 @@ private slots:
         QCOMPARE(f->WB->geometry(), f->MG->geometry());
         QVERIFY(f->WB->toPlainText().contains(QStringLiteral("Sommaire")));
         // Up until the next command; Escape puts it away too.
-        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
+        f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
+        QTest::mouseClick(f->Boutons[8], Qt::LeftButton);
         QVERIFY(!f->WB->isVisible());
         QTest::keyClick(f->MG, Qt::Key_F1);
         QTest::keyClick(f->WB, Qt::Key_Escape);

@@ -1,0 +1,142 @@
+// The options window driven through its real controls, over a real base.
+
+#include "app/Navigation.h"
+#include "grid/MyCoolGrid.h"
+#include "options/Exports.h"
+#include "options/FrmOptions.h"
+#include "store/Comptes.h"
+#include "support/BaseSql.h"
+#include "support/EnvironnementTest.h"
+#include "ui/BoutonImage.h"
+#include "ui/Chaines.h"
+#include "workspace/frmMain.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QRadioButton>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+class TestFrmOptions : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<EnvironnementTest> env;
+    frmMain *f = nullptr;
+
+    // Opens the options from the main window and runs the steps while the window is up.
+    void options(const std::function<void(FrmOptions *)> &etapes) {
+        bool ouverte = false;
+        f->definirPreparationDialogue([&](QWidget *d) {
+            QTimer::singleShot(0, d, [&, d] {
+                ouverte = true;
+                auto *o = qobject_cast<FrmOptions *>(d);
+                QVERIFY(o);
+                etapes(o);
+                QTest::mouseClick(o->Im_Commande, Qt::LeftButton);
+            });
+        });
+        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
+        QVERIFY(ouverte);
+        QVERIFY(!f->Boutons[6]->estEnfonce());
+    }
+    // A check box or an option reacts on its mark and its caption, not on the blank beyond.
+    static void cocher(QAbstractButton *b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(8, b->height() / 2)); }
+    static QByteArray lire(const QString &chemin) {
+        QFile fichier(chemin);
+        return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+    }
+
+private slots:
+    void init() {
+        env = std::make_unique<EnvironnementTest>();
+        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        Reglages::ecrire(Reglages::Cle::Demarrage, 1);
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+            "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+            "INSERT INTO Documents VALUES (1, 1, 10, 'Compte courant', 'moi', 'secret', NULL, NULL, NULL, NULL, NULL, 0);"));
+        Session::NumCompteCourant = 1;
+        Navigation::afficherPrincipale();
+        f = Navigation::fenetrePrincipale();
+    }
+    void cleanup() {
+        Navigation::fermerTout();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        env.reset();
+    }
+
+    void lesExportsSontEcritsUneFoisPuisCopies() {
+        options([this](FrmOptions *o) {
+            // A first start: the export page, HTML, every column shown.
+            QVERIFY(o->P[0]->isVisible() && !o->P[1]->isVisible());
+            QVERIFY(o->OExport[0]->isChecked());
+            for (QCheckBox *c : o->Info) QVERIFY(c->isChecked());
+            QCOMPARE(lire(Exports::chemin(Exports::Texte)), Exports::contenuTxt(*f->MG));
+            QVERIFY(o->WB->toPlainText().contains(QStringLiteral("Compte courant")));
+            // Another format: shown and remembered; its copy through the save dialog.
+            cocher(o->OExport[2]);
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::Edition), 2);
+            QVERIFY(o->WB->toPlainText().startsWith(QStringLiteral("[Banques]")));
+            ChoixFichier::prevoirReponses({env->chemin(QStringLiteral("copie.csv"))});
+            QTest::mouseClick(o->Exp[0], Qt::LeftButton);
+            QCOMPARE(ChoixFichier::filtresDemandes(), QStringList{QStringLiteral("Les fichiers  Csv (*.csv)")});
+            QCOMPARE(Messages::affiches(), QStringList{Chaine(142)});
+            QCOMPARE(lire(env->chemin(QStringLiteral("copie.csv"))), lire(Exports::chemin(Exports::Csv)));
+        });
+        // A second opening in the run finds the window as it was, and rewrites nothing.
+        const QByteArray avant = lire(Exports::chemin(Exports::Texte));
+        BaseSql::executer(Chemins::cheminBase(),
+                          QStringLiteral("INSERT INTO Documents VALUES (1, 2, 10, 'Livret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0)"));
+        f->MG->Clear();
+        f->ChargerMG();
+        options([](FrmOptions *o) { QVERIFY(o->OExport[2]->isChecked()); });
+        QCOMPARE(lire(Exports::chemin(Exports::Texte)), avant);
+    }
+
+    void colonnesEtCouleurs() {
+        options([this](FrmOptions *o) {
+            // A tab remembers its page; a click on the page shown changes nothing.
+            QTest::mouseClick(o->Onglets[1], Qt::LeftButton);
+            QTest::mouseClick(o->Onglets[1], Qt::LeftButton);
+            QVERIFY(o->P[1]->isVisible() && !o->P[0]->isVisible());
+            QVERIFY(o->Onglets[1]->estEnfonce());
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::Options), 1);
+            // A column unchecked is saved at once, and the grid takes it at "Valider".
+            const int largeur = f->MG->cellules().ColWidth(4);
+            cocher(o->Info[1]);
+            QVERIFY(!Reglages::colonneVisible(1));
+            QCOMPARE(f->MG->cellules().ColWidth(4), largeur);
+            QTest::mouseClick(o->OInfo[0], Qt::LeftButton);
+            QCOMPARE(f->MG->cellules().ColWidth(4), 0);
+            QVERIFY(!o->OInfo[0]->estEnfonce());
+            // All eight hidden: a grid that still answers.
+            for (int i = 0; i < 8; ++i)
+                if (o->Info[i]->isChecked()) cocher(o->Info[i]);
+            QTest::mouseClick(o->OInfo[0], Qt::LeftButton);
+            QCOMPARE(f->MG->cellules().ColWidth(3) + f->MG->cellules().ColWidth(10), 0);
+            QCOMPARE(f->MG->GetColumnInfos(3, 3), QStringLiteral("Compte courant"));
+
+            // Colours: chosen on the samples, stored only by "Valider".
+            QTest::mouseClick(o->Onglets[2], Qt::LeftButton);
+            ChoixFichier::prevoirCouleurs({0x112233, 0x445566, -1});
+            QTest::mouseClick(o->OCoul[0], Qt::LeftButton);   // background
+            QCOMPARE(o->couleurFond(4), 0x112233);           // the document sample follows it
+            QTest::mouseClick(o->OCoul[3], Qt::LeftButton);   // folder labels
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0);
+            // A cancel gives back the colour the dialog was given: the sample's back colour.
+            QTest::mouseClick(o->OCoul[1], Qt::LeftButton);
+            QCOMPARE(o->couleurTexte(1), o->couleurFond(1));
+            QTest::mouseClick(o->OInterface[0], Qt::LeftButton);
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::Backcolor), 0x112233);
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0x445566);
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurTitre), o->couleurFond(1));
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 14737632);
+            QCOMPARE(f->MG->cellules().BackColor, 0x112233);
+        });
+    }
+};
+
+QTEST_MAIN(TestFrmOptions)
+#include "tst_frmoptions.moc"
