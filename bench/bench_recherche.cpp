@@ -5,7 +5,7 @@
 #include "search/Recherche.h"
 #include "support/EnvironnementTest.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -65,7 +65,7 @@ BENCHMARK(BM_ChercherDossiers)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char **argv) {
-    QApplication app(argc, argv);
+    QCoreApplication app(argc, argv);  // the scan needs no screen
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
