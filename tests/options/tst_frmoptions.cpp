@@ -1,45 +1,28 @@
 // The options window driven through its real controls, over a real base.
 
-#include "app/Navigation.h"
 #include "grid/MyCoolGrid.h"
 #include "options/Exports.h"
 #include "options/FrmOptions.h"
-#include "store/Comptes.h"
-#include "support/BaseSql.h"
-#include "support/EnvironnementTest.h"
+#include "support/PrincipaleTest.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
-#include "workspace/frmMain.h"
 
 #include <QCheckBox>
 #include <QFile>
 #include <QRadioButton>
 #include <QTest>
 #include <QTextBrowser>
-#include <QTimer>
 #include <functional>
-#include <memory>
 
 class TestFrmOptions : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<EnvironnementTest> env;
+    std::unique_ptr<PrincipaleTest> t;
     frmMain *f = nullptr;
 
     // Opens the options from the main window and runs the steps while the window is up.
     void options(const std::function<void(FrmOptions *)> &etapes) {
-        bool ouverte = false;
-        f->definirPreparationDialogue([&](QWidget *d) {
-            QTimer::singleShot(0, d, [&, d] {
-                ouverte = true;
-                auto *o = qobject_cast<FrmOptions *>(d);
-                QVERIFY(o);
-                etapes(o);
-                QTest::mouseClick(o->Im_Commande, Qt::LeftButton);
-            });
-        });
-        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
-        QVERIFY(ouverte);
+        QVERIFY(t->dialogue<FrmOptions>([this] { QTest::mouseClick(f->Boutons[6], Qt::LeftButton); }, etapes));
         QVERIFY(!f->Boutons[6]->estEnfonce());
     }
     // A check box or an option reacts on its mark and its caption, not on the blank beyond.
@@ -51,21 +34,12 @@ class TestFrmOptions : public QObject {
 
 private slots:
     void init() {
-        env = std::make_unique<EnvironnementTest>();
-        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
-        Reglages::ecrire(Reglages::Cle::Demarrage, 1);
-        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+        t = std::make_unique<PrincipaleTest>(QStringLiteral(
             "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
             "INSERT INTO Documents VALUES (1, 1, 10, 'Compte courant', 'moi', 'secret', NULL, NULL, NULL, NULL, NULL, 0);"));
-        Session::NumCompteCourant = 1;
-        Navigation::afficherPrincipale();
-        f = Navigation::fenetrePrincipale();
+        f = t->f;
     }
-    void cleanup() {
-        Navigation::fermerTout();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        env.reset();
-    }
+    void cleanup() { t.reset(); }
 
     void lesExportsSontEcritsUneFoisPuisCopies() {
         options([this](FrmOptions *o) {
@@ -79,11 +53,11 @@ private slots:
             cocher(o->OExport[2]);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::Edition), 2);
             QVERIFY(o->WB->toPlainText().startsWith(QStringLiteral("[Banques]")));
-            ChoixFichier::prevoirReponses({env->chemin(QStringLiteral("copie.csv"))});
+            ChoixFichier::prevoirReponses({t->env->chemin(QStringLiteral("copie.csv"))});
             QTest::mouseClick(o->Exp[0], Qt::LeftButton);
             QCOMPARE(ChoixFichier::filtresDemandes(), QStringList{QStringLiteral("Les fichiers  Csv (*.csv)")});
             QCOMPARE(Messages::affiches(), QStringList{Chaine(142)});
-            QCOMPARE(lire(env->chemin(QStringLiteral("copie.csv"))), lire(Exports::chemin(Exports::Csv)));
+            QCOMPARE(lire(t->env->chemin(QStringLiteral("copie.csv"))), lire(Exports::chemin(Exports::Csv)));
         });
         // A second opening in the run finds the window as it was, and rewrites nothing.
         const QByteArray avant = lire(Exports::chemin(Exports::Texte));

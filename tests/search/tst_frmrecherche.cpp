@@ -1,27 +1,21 @@
 // The search window driven through its real controls, over a real base.
 
-#include "app/Navigation.h"
 #include "grid/MyCoolGrid.h"
 #include "search/FrmRecherche.h"
-#include "store/Comptes.h"
-#include "support/BaseSql.h"
-#include "support/EnvironnementTest.h"
+#include "support/PrincipaleTest.h"
 #include "ui/BoutonImage.h"
-#include "workspace/frmMain.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTest>
-#include <QTimer>
 #include <functional>
-#include <memory>
 
 class TestFrmRecherche : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<EnvironnementTest> env;
+    std::unique_ptr<PrincipaleTest> t;
     frmMain *f = nullptr;
 
     int ligne(const QString &texte) {
@@ -31,19 +25,8 @@ class TestFrmRecherche : public QObject {
     }
     // Opens the search from the keyboard and runs the steps inside it while it is up.
     void chercher(const std::function<void(FrmRecherche *)> &etapes) {
-        bool ouverte = false;
-        f->definirPreparationDialogue([&](QWidget *d) {
-            QTimer::singleShot(0, d, [&, d] {
-                ouverte = true;
-                auto *r = qobject_cast<FrmRecherche *>(d);
-                QVERIFY(r);
-                etapes(r);
-                if (r->isVisible()) r->close();
-            });
-        });
         // Ctrl+F where the main window's keyboard is: its grid.
-        QTest::keyClick(f->MG, Qt::Key_F, Qt::ControlModifier);
-        QVERIFY(ouverte);
+        QVERIFY(t->dialogue<FrmRecherche>([this] { QTest::keyClick(f->MG, Qt::Key_F, Qt::ControlModifier); }, etapes));
     }
     static QStringList lancer(FrmRecherche *r, const QString &texte, int option) {
         QTest::mouseClick(r->OptRec[option], Qt::LeftButton);
@@ -56,26 +39,15 @@ class TestFrmRecherche : public QObject {
 
 private slots:
     void init() {
-        env = std::make_unique<EnvironnementTest>();
-        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
-        Reglages::ecrire(Reglages::Cle::Demarrage, 1);
-        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+        t = std::make_unique<PrincipaleTest>(QStringLiteral(
             "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
             "INSERT INTO Dossiers VALUES (1, 11, 'Réseau');"
             "INSERT INTO Documents VALUES (1, 1, 10, 'Compte Courant', 'moi', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
             "INSERT INTO Documents VALUES (1, 2, 10, 'Livret été', 'banques', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
             "INSERT INTO Documents VALUES (1, 3, 11, 'Box internet', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);"));
-        Session::NumCompteCourant = 1;
-        Navigation::afficherPrincipale();
-        f = Navigation::fenetrePrincipale();
-        f->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(f));
+        f = t->f;
     }
-    void cleanup() {
-        Navigation::fermerTout();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        env.reset();
-    }
+    void cleanup() { t.reset(); }
 
     void dossiersEtDocumentsParUnMorceauDeLeurNom() {
         chercher([](FrmRecherche *r) {

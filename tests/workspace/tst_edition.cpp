@@ -8,7 +8,7 @@
 #include "store/Cryptage.h"
 #include "support/BaseExemple.h"
 #include "support/BaseSql.h"
-#include "support/EnvironnementTest.h"
+#include "support/PrincipaleTest.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "workspace/frmMain.h"
@@ -26,7 +26,7 @@
 class TestEdition : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<EnvironnementTest> env;
+    std::unique_ptr<PrincipaleTest> t;
     frmMain *f = nullptr;
 
     QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
@@ -80,28 +80,15 @@ class TestEdition : public QObject {
 
 private slots:
     void init() {
-        env = std::make_unique<EnvironnementTest>();
-        Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
-        Reglages::ecrire(Reglages::Cle::Demarrage, 1);
-        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+        t = std::make_unique<PrincipaleTest>(QStringLiteral(
             "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
             "INSERT INTO Dossiers VALUES (1, 11, 'Vide');"
             "INSERT INTO Documents VALUES (1, 1, 10, 'Compte courant', 'moi', 'ancien', NULL, NULL, '01/02/2026', NULL, NULL, 0);"
             "INSERT INTO Documents VALUES (1, 2, 10, 'Livret', 'moi', 'x', NULL, NULL, NULL, NULL, NULL, 0);"));
-        Session::NumCompteCourant = 1;
-        Session::LoginCourant = QStringLiteral("alice");
-        Navigation::afficherPrincipale();
-        f = Navigation::fenetrePrincipale();
-        f->show();
-        // Focus moves, and with it the boxes' commits, only in the active window.
-        f->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(f));
+        f = t->f;
+        QVERIFY(t->actif);
     }
-    void cleanup() {
-        Navigation::fermerTout();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        env.reset();
-    }
+    void cleanup() { t.reset(); }
 
     void dossierPuisDocumentPuisEditionDeBoutEnBout() {
         // Ctrl+Shift+N opens the folder dialog over the main window; Escape closes it as its close button does.
