@@ -91,6 +91,8 @@ private:
     // keys, or is cleared when it is gone.
     void restaurerSelection();
     void effacerSelection();
+    // Shows a window modally over this one, handed first to the tests' preparation.
+    void montrerModal(FenetreCadre &fenetre);
     void ouvrirDialogueDossier(const QString &nom, const QString &numero);
     void ouvrirDialogueDocument(const QString &dossier);
     void placerSaisies(bool visible);

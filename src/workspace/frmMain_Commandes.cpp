@@ -275,15 +275,13 @@ void frmMain::commande(int index) {
     }
     case 5: {
         FrmRecherche recherche(this);
-        if (preparationDialogue_) preparationDialogue_(&recherche);
-        recherche.executer();
+        montrerModal(recherche);
         break;
     }
     case 6: {
         // Made at the first opening and kept: a second opening finds it as it was left.
         if (!options_) options_ = new FrmOptions(this);
-        if (preparationDialogue_) preparationDialogue_(options_);
-        options_->executer();
+        montrerModal(*options_);
         break;
     }
     case 7: {
@@ -302,14 +300,12 @@ void frmMain::commande(int index) {
     }
     case 8: {
         FrmAP apropos(this);
-        if (preparationDialogue_) preparationDialogue_(&apropos);
-        apropos.executer();
+        montrerModal(apropos);
         break;
     }
     case 4: {
         FrmModifLogin modification(this);
-        if (preparationDialogue_) preparationDialogue_(&modification);
-        modification.executer();
+        montrerModal(modification);
         break;
     }
     default:

@@ -9,17 +9,20 @@
 #include <QLabel>
 #include <QLineEdit>
 
+void frmMain::montrerModal(FenetreCadre &fenetre) {
+    if (preparationDialogue_) preparationDialogue_(&fenetre);
+    fenetre.executer();
+}
+
 void frmMain::ouvrirDialogueDossier(const QString &nom, const QString &numero) {
     FrmAjoutDossier dialogue(this);
     dialogue.Saisie->setText(nom);
     dialogue.TagSaisie = numero;
-    if (preparationDialogue_) preparationDialogue_(&dialogue);
-    dialogue.executer();
+    montrerModal(dialogue);
 }
 
 void frmMain::ouvrirDialogueDocument(const QString &dossier) {
     FrmAjoutDoc dialogue(this);
     dialogue.L[2]->setText(dossier);
-    if (preparationDialogue_) preparationDialogue_(&dialogue);
-    dialogue.executer();
+    montrerModal(dialogue);
 }
