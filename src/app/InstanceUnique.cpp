@@ -1,19 +1,32 @@
 #include "InstanceUnique.h"
 
-#include <QCryptographicHash>
-#include <QDir>
-#include <QLockFile>
-#include <QStandardPaths>
+#include <QFile>
 
-InstanceUnique::InstanceUnique(const QString &dossierProgramme) {
-    QString dossier = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (dossier.isEmpty()) dossier = QDir::tempPath();
-    const QByteArray empreinte =
-        QCryptographicHash::hash(QDir(dossierProgramme).absolutePath().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    verrou_ = std::make_unique<QLockFile>(QDir(dossier).filePath(QStringLiteral("korvane-%1.lock").arg(QString::fromLatin1(empreinte))));
-    verrou_->setStaleLockTime(0);  // a lock left by a crashed copy is recognised by its dead process
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+InstanceUnique::InstanceUnique(const QString &cheminBase) : cheminVerrou_(cheminBase + QStringLiteral(".lock")) {}
+
+InstanceUnique::~InstanceUnique() {
+    // Closing the file lets the lock go; the file itself stays, empty, for the next start.
+    if (descripteur_ >= 0) ::close(descripteur_);
 }
 
-InstanceUnique::~InstanceUnique() = default;
-
-bool InstanceUnique::acquerir() { return verrou_->tryLock(0); }
+bool InstanceUnique::acquerir() {
+    if (descripteur_ >= 0) return true;
+    const QByteArray chemin = QFile::encodeName(cheminVerrou_);
+    // Readable by all, holding nothing: a copy started by another user must be able
+    // to see the lock. The kernel lets it go when the process ends, crash or not.
+    int fd = ::open(chemin.constData(), O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
+    if (fd < 0) fd = ::open(chemin.constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return true;
+    if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+        const bool tenu = errno == EWOULDBLOCK;
+        ::close(fd);
+        return !tenu;
+    }
+    descripteur_ = fd;
+    return true;
+}

@@ -1,18 +1,23 @@
 #pragma once
-// One running copy of Korvane per user and program folder.
+// One running copy of Korvane per base: a lock file beside korvane.kvx, held with
+// the system's file lock, whoever starts the copy and from whatever session.
 
 #include <QString>
-#include <memory>
-
-class QLockFile;
 
 class InstanceUnique {
 public:
-    explicit InstanceUnique(const QString &dossierProgramme);
+    // cheminBase is the base to guard; its lock file is cheminBase + ".lock".
+    explicit InstanceUnique(const QString &cheminBase);
     ~InstanceUnique();
-    // True when this copy is the only one; it then holds the lock until destroyed.
+    InstanceUnique(const InstanceUnique &) = delete;
+    InstanceUnique &operator=(const InstanceUnique &) = delete;
+
+    // False when another copy holds the base. True otherwise, and this copy then
+    // holds it until destroyed; a folder where no lock file can be made holds no
+    // lock, as nothing can be written there either.
     bool acquerir();
 
 private:
-    std::unique_ptr<QLockFile> verrou_;
+    QString cheminVerrou_;
+    int descripteur_ = -1;
 };

@@ -20,7 +20,7 @@ int main(int argc, char *argv[]) {
         QApplication::installTranslator(&traduction);
 
     // The command line is ignored, the path of an opened .kvx file included.
-    InstanceUnique instance(Chemins::dossierProgramme());
+    InstanceUnique instance(Chemins::cheminBase());
     if (!instance.acquerir()) {
         Messages::information(QStringLiteral("Korvane est déjà ouvert."));
         return 0;

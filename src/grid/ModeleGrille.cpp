@@ -215,9 +215,14 @@ int ModeleGrille::LigneVisibleVoisine(int Ligne, int sens) const {
     return -1;
 }
 
-int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num) const {
+void ModeleGrille::definirRowid(int Ligne, qint64 Rowid) {
+    if (flxGrd.existe(Ligne, kColCle1 + 3)) flxGrd.cellule(Ligne, kColCle1 + 3).texte = QString::number(Rowid);
+}
+
+int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num, const QString &Rowid) const {
     for (int r = 2; r < flxGrd.Rows(); ++r) {
         if (IsLigneParent(r) != dossier || texte(r, kColCle1 + 2) != NumDossier) continue;
+        if (!Rowid.isEmpty() && texte(r, kColCle1 + 3) != Rowid) continue;
         if (dossier || texte(r, kColCle1 + 1) == Num) return r;
     }
     return -1;

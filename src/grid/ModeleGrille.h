@@ -37,6 +37,8 @@ public:
     // Parent is the folder's number; it is one higher on return.
     void AddFils(const QStringList &Infos, int &Parent, int Icone, int Icone2, const QString &Cle1,
                  const QString &Cle2, const QString &Cle3);
+    // Keeps the row of the base (column 18) on a grid row, without repainting.
+    void definirRowid(int Ligne, qint64 Rowid);
     void DelParent(int Ligne);
     void DelFils(int Ligne);
     void Expend(bool Fermer);
@@ -54,8 +56,10 @@ public:
     int PremiereLigneVisible() const { return LigneVisibleVoisine(1, 1); }
     int DerniereLigneVisible() const { return LigneVisibleVoisine(flxGrd.Rows(), -1); }
     // The row of the folder of key Num (column 17), or of the document of keys Num
-    // and NumDossier (columns 16 and 17); -1 when the grid has none.
-    int LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num = QString()) const;
+    // and NumDossier (columns 16 and 17), and of row Rowid of the base (column 18)
+    // when one is given; -1 when the grid has none.
+    int LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num = QString(),
+                   const QString &Rowid = QString()) const;
     void Clear();
     // limite is the row after the next folder's row, or 0 for the last folder.
     void OuvrirParent(int Ligne, int limite);

@@ -5,6 +5,7 @@
 #include "grid/ModeleGrille.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
+#include "store/FichierEntier.h"
 #include "ui/Chaines.h"
 
 #include <QByteArrayView>
@@ -106,16 +107,7 @@ qsizetype taille(const ModeleGrille &g, qsizetype parLigne) {
     return qsizetype(std::max(0, finDesLignes(g) - kPremiereLigne)) * parLigne + 512;
 }
 
-QString raison(const QFileDevice &f) {
-    switch (f.error()) {
-    case QFileDevice::ResourceError: return QStringLiteral("le disque est plein");
-    case QFileDevice::PermissionsError: return QStringLiteral("les droits manquent");
-    case QFileDevice::OpenError: return QStringLiteral("il ne peut pas être ouvert");
-    default: return QStringLiteral("l'écriture a échoué");
-    }
-}
-
-constexpr QFileDevice::Permissions kDroitsFichier = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr QFileDevice::Permissions kDroitsFichier = FichierEntier::kDroitsProprietaire;
 constexpr QFileDevice::Permissions kDroitsDossier = kDroitsFichier | QFileDevice::ExeOwner;
 
 // The files hold passwords in the clear: the folder and its files are the user's alone.
@@ -263,12 +255,12 @@ void ecrire(int format, const ModeleGrille &g, Ecrivain ecrivain) {
     if (ok) {
         Sortie s(1 << 18, &sortie);
         ecrivain(g, s);
-        ok = s.vider() && sortie.commit();
+        ok = s.vider() && FichierEntier::valider(sortie);
     }
     if (!ok)
         throw Base::ErreurBase(QStringLiteral("Le fichier d'export %1 n'a pas pu être écrit : %2.\n"
                                               "Vérifiez les droits du dossier et la place libre sur le disque.")
-                                   .arg(QDir::toNativeSeparators(fichier), raison(sortie)));
+                                   .arg(QDir::toNativeSeparators(fichier), FichierEntier::raisonEchec(sortie)));
 }
 
 }  // namespace

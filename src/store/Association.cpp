@@ -2,11 +2,14 @@
 // type, a desktop entry, the program's icon, and Korvane as default application.
 
 #include "Def.h"
+#include "FichierEntier.h"
 #include "ui/Art.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QProcess>
 #include <QStandardPaths>
@@ -17,12 +20,13 @@ namespace {
 const QString kTypeMime = QStringLiteral("application/x-korvane");
 const QString kEntree = QStringLiteral("korvane.desktop");
 
-bool ecrireTexte(const QString &chemin, const QString &texte) {
+// Whole or not at all: the user's own files there must never be left cut.
+bool ecrireOctets(const QString &chemin, const QByteArray &octets) {
     QDir().mkpath(QFileInfo(chemin).absolutePath());
-    QFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
-    return f.write(texte.toUtf8()) >= 0;
+    return FichierEntier::ecrire(chemin, octets);
 }
+
+bool ecrireTexte(const QString &chemin, const QString &texte) { return ecrireOctets(chemin, texte.toUtf8()); }
 
 // One argument of an Exec line: quoted, with the characters the quotes don't protect
 // escaped, then the backslashes doubled as every desktop-entry string requires.
@@ -41,7 +45,11 @@ QString argumentExec(const QString &chemin) {
 void fixerDansListe(const QString &chemin, const QString &section, const QString &cle, const QString &valeur) {
     QStringList lignes;
     QFile f(chemin);
-    if (f.open(QIODevice::ReadOnly)) lignes = QString::fromUtf8(f.readAll()).split(u'\n');
+    if (f.open(QIODevice::ReadOnly)) {
+        lignes = QString::fromUtf8(f.readAll()).split(u'\n');
+    } else if (f.exists()) {
+        return;  // unreadable: rewriting it would drop the choices it holds
+    }
     f.close();
     while (!lignes.isEmpty() && lignes.last().isEmpty()) lignes.removeLast();
 
@@ -110,15 +118,14 @@ void AssocierExtension() {
     if (svg.open(QIODevice::ReadOnly)) {
         const QByteArray octets = svg.readAll();
         for (const QString &chemin : {QStringLiteral("icons/hicolor/scalable/apps/korvane.svg"),
-                                      QStringLiteral("icons/hicolor/scalable/mimetypes/application-x-korvane.svg")}) {
-            QDir().mkpath(QFileInfo(d.filePath(chemin)).absolutePath());
-            QFile sortie(d.filePath(chemin));
-            if (sortie.open(QIODevice::WriteOnly | QIODevice::Truncate)) sortie.write(octets);
-        }
+                                      QStringLiteral("icons/hicolor/scalable/mimetypes/application-x-korvane.svg")})
+            ecrireOctets(d.filePath(chemin), octets);
     }
-    const QString png = d.filePath(QStringLiteral("icons/hicolor/48x48/apps/korvane.png"));
-    QDir().mkpath(QFileInfo(png).absolutePath());
-    Art::pixmap(QStringLiteral("korvane"), QSize(48, 48)).save(png, "PNG");
+    QByteArray png;
+    QBuffer tampon(&png);
+    tampon.open(QIODevice::WriteOnly);
+    if (Art::pixmap(QStringLiteral("korvane"), QSize(48, 48)).save(&tampon, "PNG"))
+        ecrireOctets(d.filePath(QStringLiteral("icons/hicolor/48x48/apps/korvane.png")), png);
 
     fixerDansListe(QDir(config).filePath(QStringLiteral("mimeapps.list")), QStringLiteral("Default Applications"), kTypeMime,
                    kEntree);

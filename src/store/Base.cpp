@@ -1,6 +1,7 @@
 #include "Base.h"
 
 #include "Chemins.h"
+#include "FichierEntier.h"
 #include "IconesStock.h"
 
 #include <QFile>
@@ -68,10 +69,9 @@ QByteArray instructionCle(const QString &chemin) {
 
 ErreurBase::ErreurBase(const QString &message) : std::runtime_error(message.toStdString()), message_(message) {}
 
-void verifier(sqlite3 *db, int code, const QString &chemin) {
+void verifier(int code, const QString &nom) {
     if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
-    const QString nom = nomFichier(chemin);
-    const QString detail = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QString::fromUtf8(sqlite3_errstr(code));
+    // The engine's own texts are English: each case says in French what it means here.
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -91,17 +91,25 @@ void verifier(sqlite3 *db, int code, const QString &chemin) {
         throw ErreurBase(QStringLiteral("Le disque est plein : la modification n'a pas été enregistrée dans %1.").arg(nom));
     case SQLITE_CORRUPT:
         throw ErreurBase(QStringLiteral("La base %1 est endommagée.").arg(nom));
+    case SQLITE_IOERR:
+        throw ErreurBase(QStringLiteral("Le disque n'a pas pu lire ou écrire la base %1 : rien n'a été modifié.").arg(nom));
+    case SQLITE_NOMEM:
+        throw ErreurBase(QStringLiteral("La mémoire manque pour lire la base %1 : rien n'a été modifié.").arg(nom));
+    case SQLITE_ERROR:
+        throw ErreurBase(QStringLiteral("La base %1 n'a pas la forme d'une base Korvane : l'opération a été refusée, "
+                                        "rien n'a été modifié.").arg(nom));
     default:
-        throw ErreurBase(QStringLiteral("Erreur de la base %1 : %2").arg(nom, detail));
+        throw ErreurBase(QStringLiteral("La base %1 a refusé l'opération (erreur %2) : rien n'a été modifié.").arg(nom).arg(code));
     }
 }
 
-Connexion::Connexion(const QString &chemin, bool creer) : chemin_(cheminEffectif(chemin)) {
+Connexion::Connexion(const QString &chemin, bool creer, const QString &nomAffiche)
+    : chemin_(cheminEffectif(chemin)), affiche_(nomAffiche.isEmpty() ? nomFichier(chemin_) : nomAffiche) {
     const QByteArray cheminLocal = QFile::encodeName(chemin_);
     const int code = sqlite3_open_v2(cheminLocal.constData(), &db_,
                                      SQLITE_OPEN_READWRITE | (creer ? SQLITE_OPEN_CREATE : 0), nullptr);
     try {
-        verifier(db_, code, chemin_);
+        verifier(code, affiche_);
         sqlite3_busy_timeout(db_, 1500);
         executer(instructionCle(chemin_).constData());
         // The first read is where a wrong key or a foreign file shows.
@@ -118,9 +126,11 @@ Connexion::~Connexion() {
     sqlite3_close_v2(db_);
 }
 
-void Connexion::executer(const char *sql) { verifier(db_, sqlite3_exec(db_, sql, nullptr, nullptr, nullptr), chemin_); }
+void Connexion::executer(const char *sql) { verifier(sqlite3_exec(db_, sql, nullptr, nullptr, nullptr), affiche_); }
 
 int Connexion::changements() const { return sqlite3_changes(db_); }
+
+qint64 Connexion::dernierRowid() const { return sqlite3_last_insert_rowid(db_); }
 
 void Connexion::debutTransaction() {
     executer("BEGIN IMMEDIATE;");
@@ -133,13 +143,18 @@ void Connexion::valider() {
 }
 
 Requete::Requete(Connexion &connexion, const char *sql) : connexion_(connexion) {
-    verifier(connexion_.db(), sqlite3_prepare_v2(connexion_.db(), sql, -1, &stmt_, nullptr), Chemins::cheminBase());
+    verifier(sqlite3_prepare_v2(connexion_.db(), sql, -1, &stmt_, nullptr), connexion_.nomAffiche());
 }
 
 Requete::~Requete() { sqlite3_finalize(stmt_); }
 
 Requete &Requete::lier(int indice, int valeur) {
     sqlite3_bind_int(stmt_, indice, valeur);
+    return *this;
+}
+
+Requete &Requete::lier(int indice, qint64 valeur) {
+    sqlite3_bind_int64(stmt_, indice, valeur);
     return *this;
 }
 
@@ -163,7 +178,7 @@ bool Requete::suivante() {
     const int code = sqlite3_step(stmt_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
-    verifier(connexion_.db(), code, Chemins::cheminBase());
+    verifier(code, connexion_.nomAffiche());
     return false;
 }
 
@@ -175,6 +190,8 @@ void Requete::executer() {
 bool Requete::estNull(int colonne) const { return sqlite3_column_type(stmt_, colonne) == SQLITE_NULL; }
 
 int Requete::entier(int colonne) const { return sqlite3_column_int(stmt_, colonne); }
+
+qint64 Requete::entierLong(int colonne) const { return sqlite3_column_int64(stmt_, colonne); }
 
 QString Requete::texte(int colonne) const {
     const auto *t = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, colonne));
@@ -209,7 +226,14 @@ void creerBase(const QString &chemin) {
     const QString provisoire = chemin + QStringLiteral(".creation");
     QFile::remove(provisoire);
     try {
-        Connexion c(provisoire, true);
+        // Made empty, for the user alone, before the engine writes a byte in it.
+        QFile vide(provisoire);
+        if (!vide.open(QIODevice::WriteOnly) || !vide.setPermissions(FichierEntier::kDroitsProprietaire))
+            throw ErreurBase(QStringLiteral("Impossible de créer la base %1 : %2.\n"
+                                            "Vérifiez les droits du dossier du programme et la place libre sur le disque.")
+                                 .arg(nomFichier(chemin), FichierEntier::raisonEchec(vide)));
+        vide.close();
+        Connexion c(provisoire, true, nomFichier(chemin));
         c.debutTransaction();
         c.executer(kSchema);
         const QStringList modeles = dossiersModeles();
@@ -229,9 +253,39 @@ void creerBase(const QString &chemin) {
     }
     if (!QFile::rename(provisoire, chemin)) {
         QFile::remove(provisoire);
-        throw ErreurBase(QStringLiteral("Impossible de créer la base %1 : le dossier du programme est-il protégé en écriture ?")
+        throw ErreurBase(QStringLiteral("Impossible de créer la base %1 : le fichier n'a pas pu prendre sa place.\n"
+                                        "Vérifiez les droits du dossier du programme.")
                              .arg(nomFichier(chemin)));
     }
+}
+
+// The columns each table must have; a base edited elsewhere may have more.
+struct TableAttendue {
+    const char *nom;
+    std::initializer_list<const char *> colonnes;
+};
+const TableAttendue kTables[] = {
+    {"Compte", {"NumCompte", "Login", "Pass"}},
+    {"Dossiers", {"NumCompte", "Num", "Nom"}},
+    {"Documents", {"NumCompte", "Num", "NumDossier", "Titre", "LoginDoc", "MotDePasse", "Url", "Fichier", "DateDebut",
+                   "DateFin", "Remarques", "Icone"}},
+    {"Icones", {"Num", "ico", "Libelle"}},
+};
+
+// What the base lacks, in French, or empty when it has every table and column.
+QString manqueSchema(Connexion &c) {
+    for (const TableAttendue &t : kTables) {
+        QStringList presentes;
+        // The pragma takes no parameter; the names are our own constants.
+        const QByteArray sql = QByteArray("PRAGMA table_info(\"") + t.nom + "\")";
+        Requete r(c, sql.constData());
+        while (r.suivante()) presentes << r.texte(1);
+        if (presentes.isEmpty()) return QStringLiteral("la table %1 manque").arg(QString::fromLatin1(t.nom));
+        for (const char *colonne : t.colonnes)
+            if (!presentes.contains(QString::fromLatin1(colonne), Qt::CaseInsensitive))
+                return QStringLiteral("la colonne %1 manque dans la table %2").arg(QString::fromLatin1(colonne), QString::fromLatin1(t.nom));
+    }
+    return {};
 }
 
 }  // namespace
@@ -239,11 +293,11 @@ void creerBase(const QString &chemin) {
 bool estBaseKorvane(const QString &chemin, QString *raison) {
     try {
         Connexion c(chemin);
-        Requete r(c, "SELECT count(*) FROM sqlite_master WHERE type='table' AND name IN "
-                     "('Compte','Dossiers','Documents','Icones')");
-        if (r.suivante() && r.entier(0) == 4) return true;
+        const QString manque = manqueSchema(c);
+        if (manque.isEmpty()) return true;
         if (raison)
-            *raison = QStringLiteral("Le fichier %1 n'est pas une base Korvane.").arg(nomFichier(cheminEffectif(chemin)));
+            *raison = QStringLiteral("Le fichier %1 n'est pas une base Korvane complète : %2.\nIl n'a pas été modifié.")
+                          .arg(nomFichier(cheminEffectif(chemin)), manque);
         return false;
     } catch (const ErreurBase &e) {
         if (raison) *raison = e.message();
@@ -253,12 +307,19 @@ bool estBaseKorvane(const QString &chemin, QString *raison) {
 
 void preparerBase(const QString &cheminDemande) {
     const QString chemin = cheminEffectif(cheminDemande);
-    if (!QFileInfo::exists(chemin)) {
+    const QFileInfo info(chemin);
+    if (info.isSymLink() && !info.exists())
+        throw ErreurBase(QStringLiteral("La base %1 est un lien vers un fichier qui n'existe pas :\n%2\n"
+                                        "Rétablissez ce fichier, ou supprimez le lien pour commencer une base neuve.")
+                             .arg(nomFichier(chemin), info.symLinkTarget()));
+    if (!info.exists()) {
         creerBase(chemin);
         return;
     }
     QString raison;
     if (!estBaseKorvane(chemin, &raison)) throw ErreurBase(raison);
+    // Its key is known to all: only the file's rights keep other users out.
+    FichierEntier::reserverAuProprietaire(chemin);
 }
 
 }  // namespace Base

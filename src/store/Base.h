@@ -24,15 +24,18 @@ private:
 class Connexion {
 public:
     // Opens the base (korvane.kvx by default) with its key. Throws ErreurBase.
-    // A missing file is an error unless creer is set.
-    explicit Connexion(const QString &chemin = QString(), bool creer = false);
+    // A missing file is an error unless creer is set. Messages name the file
+    // nomAffiche when one is given (a base being built under a temporary name).
+    explicit Connexion(const QString &chemin = QString(), bool creer = false, const QString &nomAffiche = QString());
     ~Connexion();
     Connexion(const Connexion &) = delete;
     Connexion &operator=(const Connexion &) = delete;
 
     sqlite3 *db() const { return db_; }
+    const QString &nomAffiche() const { return affiche_; }
     void executer(const char *sql);  // statements without parameters or results
     int changements() const;         // rows changed by the last statement
+    qint64 dernierRowid() const;     // row of the last insertion
 
     // Everything between debut and valider is written whole or not at all.
     void debutTransaction();
@@ -41,6 +44,7 @@ public:
 private:
     sqlite3 *db_ = nullptr;
     QString chemin_;
+    QString affiche_;
     bool transaction_ = false;
 };
 
@@ -53,6 +57,7 @@ public:
     Requete &operator=(const Requete &) = delete;
 
     Requete &lier(int indice, int valeur);
+    Requete &lier(int indice, qint64 valeur);
     Requete &lier(int indice, const QString &valeur);
     Requete &lierOctets(int indice, const QByteArray &valeur);
     Requete &lierNull(int indice);
@@ -62,6 +67,7 @@ public:
 
     bool estNull(int colonne) const;
     int entier(int colonne) const;
+    qint64 entierLong(int colonne) const;
     QString texte(int colonne) const;  // null reads as the empty text
     QByteArray octets(int colonne) const;
 
@@ -70,15 +76,18 @@ private:
     sqlite3_stmt *stmt_ = nullptr;
 };
 
-// Translates an engine result code into ErreurBase; does nothing on success.
-void verifier(sqlite3 *db, int code, const QString &chemin);
+// Translates an engine result code into ErreurBase, in French, naming the file
+// nom; does nothing on success.
+void verifier(int code, const QString &nom);
 
-// Makes sure the base exists: a missing file is created with its schema, the
-// template folders and the stock icons. An existing file must be a Korvane base
-// opened by our key, or ErreurBase says why; it is never changed here.
+// Makes sure the base exists: a missing file is created, for the user alone, with
+// its schema, the template folders and the stock icons. An existing file must be a
+// Korvane base opened by our key, or ErreurBase says why; its content is never
+// changed here, but rights that let other users read it are narrowed to the user's.
 void preparerBase(const QString &chemin = QString());
 
-// True when the file opens with our key and has the four tables.
+// True when the file opens with our key and has the four tables with all their
+// columns; otherwise raison says in French what is wrong. The file is only read.
 bool estBaseKorvane(const QString &chemin, QString *raison = nullptr);
 
 // The template folders a new base receives, under account 0.

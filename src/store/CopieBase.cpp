@@ -2,6 +2,7 @@
 
 #include "Base.h"
 #include "Chemins.h"
+#include "FichierEntier.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -11,7 +12,7 @@ namespace CopieBase {
 
 namespace {
 [[noreturn]] void echec(const QString &cible, const QString &raison) {
-    throw Base::ErreurBase(QStringLiteral("La copie vers %1 a échoué : %2\n"
+    throw Base::ErreurBase(QStringLiteral("La copie vers %1 a échoué : %2.\n"
                                           "Vérifiez les droits du dossier et la place libre sur le disque. "
                                           "Le fichier %1 n'a pas été modifié.").arg(QFileInfo(cible).fileName(), raison));
 }
@@ -22,16 +23,19 @@ namespace {
 void remplir(QSaveFile &sortie, const QString &source) {
     QFile entree(source);
     if (!entree.open(QIODevice::ReadOnly))
-        throw Base::ErreurBase(QStringLiteral("Impossible de lire le fichier %1 : %2").arg(QFileInfo(source).fileName(), entree.errorString()));
-    if (!sortie.open(QIODevice::WriteOnly)) echec(sortie.fileName(), sortie.errorString());
+        throw Base::ErreurBase(QStringLiteral("Impossible de lire le fichier %1 : %2.")
+                                   .arg(QFileInfo(source).fileName(), FichierEntier::raisonEchec(entree)));
+    // A copy of the base is the user's alone, like the base, whatever its target held.
+    if (!sortie.open(QIODevice::WriteOnly) || !sortie.setPermissions(FichierEntier::kDroitsProprietaire))
+        echec(sortie.fileName(), FichierEntier::raisonEchec(sortie));
     while (!entree.atEnd()) {
         const QByteArray bloc = entree.read(1 << 20);
-        if (bloc.isEmpty() || sortie.write(bloc) != bloc.size()) echec(sortie.fileName(), sortie.errorString());
+        if (bloc.isEmpty() || sortie.write(bloc) != bloc.size()) echec(sortie.fileName(), FichierEntier::raisonEchec(sortie));
     }
 }
 
 void valider(QSaveFile &sortie) {
-    if (!sortie.commit()) echec(sortie.fileName(), sortie.errorString());
+    if (!FichierEntier::valider(sortie)) echec(sortie.fileName(), FichierEntier::raisonEchec(sortie));
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ std::function<void()> finProgramme;
 struct CleDocument {
     int num = 0;
     int dossier = 0;
+    qint64 rowid = 0;  // 0 when the grid gave none
 };
 
 bool lireEntier(const QString &texte, int *valeur) {
@@ -30,21 +31,47 @@ bool lireEntier(const QString &texte, int *valeur) {
 bool cleSelection(CleDocument *cle, bool avecNum = true) {
     if (!grilleCourante) return false;
     if (!lireEntier(grilleCourante->texteSelection(kColonneNumDossier), &cle->dossier)) return false;
+    cle->rowid = grilleCourante->texteSelection(kColonneRowid).trimmed().toLongLong();
     return !avecNum || lireEntier(grilleCourante->texteSelection(kColonneNumDocument), &cle->num);
 }
 
-// Row id of the document (account, num, folder), the first one by title.
-constexpr const char *kRowidDocument =
-    "SELECT rowid FROM Documents WHERE NumCompte=? AND Num=? AND NumDossier=? ORDER BY Titre ASC LIMIT 1";
+[[noreturn]] void ligneDisparue(bool dossier) {
+    throw Base::ErreurBase(dossier ? QStringLiteral("Ce dossier n'est plus dans la base : un autre programme l'a modifié "
+                                                    "ou supprimé. Rien n'a été enregistré.")
+                                   : QStringLiteral("Ce document n'est plus dans la base : un autre programme l'a modifié "
+                                                    "ou supprimé. Rien n'a été enregistré."));
+}
 
-int rowidDocument(Connexion &c, int num, int dossier) {
-    Requete r(c, kRowidDocument);
+// The one row of the account with these keys: the grid's rowid when it gave one,
+// checked against the keys (the row may have gone and its rowid gone to another
+// since), or else the only row that has them. Two rows with the same numbers (a
+// base edited by hand) are never told apart by guessing.
+qint64 ligneUnique(Connexion &c, bool dossier, qint64 rowid, int num, int numDossier = 0) {
+    Requete r(c, dossier ? "SELECT rowid FROM Dossiers WHERE NumCompte=?1 AND Num=?2 AND (?4=0 OR rowid=?4) LIMIT 2"
+                         : "SELECT rowid FROM Documents WHERE NumCompte=?1 AND Num=?2 AND NumDossier=?3 "
+                           "AND (?4=0 OR rowid=?4) LIMIT 2");
+    r.lier(1, Session::NumCompteCourant).lier(2, num).lier(3, numDossier).lier(4, rowid);
+    if (!r.suivante()) ligneDisparue(dossier);
+    const qint64 trouvee = r.entierLong(0);
+    if (r.suivante())
+        throw Base::ErreurBase(dossier ? QStringLiteral("Plusieurs dossiers portent le numéro %1 : choisissez-le dans la "
+                                                        "liste. Rien n'a été modifié.").arg(num)
+                                       : QStringLiteral("Plusieurs documents portent le numéro %1 : choisissez-le dans la "
+                                                        "liste. Rien n'a été modifié.").arg(num));
+    return trouvee;
+}
+
+qint64 rowidSelection(Connexion &c, const CleDocument &cle) { return ligneUnique(c, false, cle.rowid, cle.num, cle.dossier); }
+
+// Row id of the document (account, num, folder), the first one by title.
+qint64 rowidDocument(Connexion &c, int num, int dossier) {
+    Requete r(c, "SELECT rowid FROM Documents WHERE NumCompte=? AND Num=? AND NumDossier=? ORDER BY Titre ASC LIMIT 1");
     r.lier(1, Session::NumCompteCourant).lier(2, num).lier(3, dossier);
-    return r.suivante() ? r.entier(0) : 0;
+    return r.suivante() ? r.entierLong(0) : 0;
 }
 
 // Sets one field of a row; index 11 takes a number and keeps its value when given none.
-void ecrireChamp(Connexion &c, int rowid, int indice, const QString &valeur) {
+void ecrireChamp(Connexion &c, qint64 rowid, int indice, const QString &valeur) {
     const QString nom = nomChampDocument(indice);
     if (nom.isEmpty()) return;
     const QByteArray sql = "UPDATE Documents SET " + nom.toLatin1() + "=? WHERE rowid=?";
@@ -59,10 +86,19 @@ void ecrireChamp(Connexion &c, int rowid, int indice, const QString &valeur) {
     r.lier(2, rowid).executer();
 }
 
-int ajouterDocument(Connexion &c, int num, int dossier) {
+qint64 ajouterDocument(Connexion &c, int num, int dossier) {
     Requete r(c, "INSERT INTO Documents (NumCompte, Num, NumDossier) VALUES (?, ?, ?)");
     r.lier(1, Session::NumCompteCourant).lier(2, num).lier(3, dossier).executer();
-    return rowidDocument(c, num, dossier);
+    return c.dernierRowid();
+}
+
+// The selected row when it is the folder of number num, with its row of the base.
+bool dossierSelectionne(int num, qint64 *rowid) {
+    if (!grilleCourante || !grilleCourante->texteSelection(kColonneNumDocument).isEmpty()) return false;
+    int numSelection = 0;
+    if (!lireEntier(grilleCourante->texteSelection(kColonneNumDossier), &numSelection) || numSelection != num) return false;
+    *rowid = grilleCourante->texteSelection(kColonneRowid).trimmed().toLongLong();
+    return true;
 }
 }  // namespace
 
@@ -101,11 +137,9 @@ bool ConfirmerQuitter() {
 
 bool MajChampDocument(int indice, const QString &valeur) {
     Def::CleDocument cle;
-    if (!Def::cleSelection(&cle)) return false;
+    if (!Def::cleSelection(&cle) || indice < 3 || indice > 10) return false;
     Connexion c;
-    const int rowid = Def::rowidDocument(c, cle.num, cle.dossier);
-    if (rowid == 0 || indice < 3 || indice > 10) return false;
-    Def::ecrireChamp(c, rowid, indice, valeur);
+    Def::ecrireChamp(c, Def::rowidSelection(c, cle), indice, valeur);
     return true;
 }
 
@@ -113,26 +147,25 @@ bool SupprimerDocument() {
     Def::CleDocument cle;
     if (!Def::cleSelection(&cle)) return false;
     Connexion c;
-    const int rowid = Def::rowidDocument(c, cle.num, cle.dossier);
-    if (rowid == 0) return false;
     Requete r(c, "DELETE FROM Documents WHERE rowid=?");
-    r.lier(1, rowid).executer();
+    r.lier(1, Def::rowidSelection(c, cle)).executer();
     return true;
 }
 
 bool SupprimerDossier(int num) {
+    qint64 rowid = 0;
+    Def::dossierSelectionne(num, &rowid);
     Connexion c;
-    Requete r(c, "DELETE FROM Dossiers WHERE rowid = (SELECT rowid FROM Dossiers WHERE NumCompte=? AND Num=? "
-                 "ORDER BY Nom ASC LIMIT 1)");
-    r.lier(1, Session::NumCompteCourant).lier(2, num).executer();
-    return c.changements() > 0;
+    Requete r(c, "DELETE FROM Dossiers WHERE rowid=?");
+    r.lier(1, Def::ligneUnique(c, true, rowid, num)).executer();
+    return true;
 }
 
 bool EcrireChampDocument(int indice, const QString &valeur, int num) {
     Def::CleDocument cle;
     if (!Def::cleSelection(&cle, false)) return false;
     Connexion c;
-    int rowid = Def::rowidDocument(c, num, cle.dossier);
+    qint64 rowid = Def::rowidDocument(c, num, cle.dossier);
     if (rowid == 0) rowid = Def::ajouterDocument(c, num, cle.dossier);
     Def::ecrireChamp(c, rowid, indice, valeur);
     return true;
@@ -143,7 +176,7 @@ bool EcrireDocument(int num, const QStringList &champs) {
     if (!Def::cleSelection(&cle, false)) return false;
     Connexion c;
     c.debutTransaction();
-    int rowid = Def::rowidDocument(c, num, cle.dossier);
+    qint64 rowid = Def::rowidDocument(c, num, cle.dossier);
     if (rowid == 0) rowid = Def::ajouterDocument(c, num, cle.dossier);
     for (int i = 0; i < champs.size() && i + 3 <= 11; ++i) Def::ecrireChamp(c, rowid, i + 3, champs[i]);
     c.valider();
@@ -153,10 +186,19 @@ bool EcrireDocument(int num, const QStringList &champs) {
 bool EcrireDossier(const QString &nom, int num) {
     Connexion c;
     const QString coupe = Def::couperChamp(nom);
-    Requete maj(c, "UPDATE Dossiers SET Nom=? WHERE rowid = (SELECT rowid FROM Dossiers WHERE NumCompte=? AND Num=? "
-                   "ORDER BY Nom ASC LIMIT 1)");
-    maj.lier(1, coupe).lier(2, Session::NumCompteCourant).lier(3, num).executer();
-    if (c.changements() > 0) return true;
+    // The selected folder is renamed by its own row; a number no folder of the
+    // account has is a new folder.
+    qint64 rowid = 0;
+    bool existe = Def::dossierSelectionne(num, &rowid);
+    if (!existe) {
+        Requete r(c, "SELECT 1 FROM Dossiers WHERE NumCompte=? AND Num=?");
+        existe = r.lier(1, Session::NumCompteCourant).lier(2, num).suivante();
+    }
+    if (existe) {
+        Requete maj(c, "UPDATE Dossiers SET Nom=? WHERE rowid=?");
+        maj.lier(1, coupe).lier(2, Def::ligneUnique(c, true, rowid, num)).executer();
+        return true;
+    }
     Requete ajout(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (?, ?, ?)");
     ajout.lier(1, Session::NumCompteCourant).lier(2, num).lier(3, coupe).executer();
     return true;

@@ -8,7 +8,7 @@
 #include <functional>
 
 // What the store operations need to know of the grid: the hidden columns of the
-// selected row (16: document number, 17: folder number).
+// selected row (16: document number, 17: folder number, 18: row of the base).
 class SelectionGrille {
 public:
     virtual ~SelectionGrille() = default;
@@ -19,6 +19,9 @@ namespace Def {
 
 constexpr int kColonneNumDocument = 16;
 constexpr int kColonneNumDossier = 17;
+// SQLite's rowid of the row's document or folder: numbers may repeat in a base
+// edited by hand, this key never does.
+constexpr int kColonneRowid = 18;
 constexpr int kLongueurChamp = 255;
 
 // The grid the operations read their keys from; the main window registers its own.

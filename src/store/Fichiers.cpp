@@ -1,6 +1,7 @@
 // Whole-file helpers of module Def.
 
 #include "Def.h"
+#include "FichierEntier.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,7 +15,8 @@ QByteArray LireFichier(const QString &chemin) {
 }
 
 void EcrireFichier(const QString &chemin, const QByteArray &texte) {
-    QFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(texte) != texte.size() || f.write("\r\n", 2) != 2)
-        throw std::runtime_error(QStringLiteral("Impossible d'écrire le fichier %1.").arg(QFileInfo(chemin).fileName()).toStdString());
+    QString raison;
+    if (!FichierEntier::ecrire(chemin, texte + "\r\n", {}, &raison))
+        throw std::runtime_error(
+            QStringLiteral("Impossible d'écrire le fichier %1 : %2.").arg(QFileInfo(chemin).fileName(), raison).toStdString());
 }

@@ -1,5 +1,7 @@
 #include "Reglages.h"
 
+#include "FichierEntier.h"
+
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
@@ -56,6 +58,10 @@ bool enNombre(const QString &texte, int *valeur) {
 
 QString nomColonne(int index) { return QStringLiteral("Colonne %1").arg(index); }
 
+constexpr int kCouleurMax = 0xFFFFFF;
+
+bool estCouleur(const Definition &d) { return qstrcmp(d.section, "Couleurs") == 0 || qstrcmp(d.nom, "FontColor") == 0; }
+
 }  // namespace
 
 QString cheminFichier() {
@@ -89,6 +95,8 @@ void ecrire(const QString &section, const QString &nom, const QString &valeur) {
     s.setValue(nom, valeur);
     s.endGroup();
     s.sync();
+    // It holds the last login: the user's alone.
+    FichierEntier::reserverAuProprietaire(cheminFichier());
 }
 
 const Definition &definition(Cle cle) { return kTable[int(cle)]; }
@@ -101,7 +109,9 @@ QString lireTexte(Cle cle) {
 int lireNombre(Cle cle, int defaut) {
     const Definition &d = definition(cle);
     int valeur = defaut;
-    enNombre(lire(QString::fromLatin1(d.section), QString::fromLatin1(d.nom), QString()), &valeur);
+    if (!enNombre(lire(QString::fromLatin1(d.section), QString::fromLatin1(d.nom), QString()), &valeur)) return defaut;
+    // A colour is 24 bits; anything else in its key is as unreadable as a word.
+    if (estCouleur(d) && (valeur < 0 || valeur > kCouleurMax)) return defaut;
     return valeur;
 }
 

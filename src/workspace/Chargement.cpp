@@ -41,10 +41,10 @@ void trierEnFrancais(QList<T> &elements, Texte texte) {
 }
 
 QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
-    Requete r(c, "SELECT Num, Nom FROM Dossiers WHERE NumCompte=? ORDER BY Nom ASC, Num ASC");
+    Requete r(c, "SELECT Num, Nom, rowid FROM Dossiers WHERE NumCompte=? ORDER BY Nom ASC, Num ASC");
     r.lier(1, numCompte);
     QList<Dossier> dossiers;
-    while (r.suivante()) dossiers.append({r.entier(0), r.texte(1), {}});
+    while (r.suivante()) dossiers.append({r.entier(0), r.entierLong(2), r.texte(1), {}});
     trierEnFrancais(dossiers, [](const Dossier &d) { return d.nom; });
     return dossiers;
 }
@@ -63,7 +63,9 @@ QList<Dossier> lireArbre(int numCompte) {
 
     // One pass over the account's documents, shared out to their folders, then each
     // folder's put in the order of the titles as the user reads them, deciphered.
-    Requete r(c, "SELECT * FROM Documents WHERE NumCompte=? ORDER BY NumDossier ASC, Num ASC");
+    // Columns by name: a base with columns of its own added keeps the fields in place.
+    Requete r(c, "SELECT NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin,"
+                 " Remarques, Icone, rowid FROM Documents WHERE NumCompte=? ORDER BY NumDossier ASC, Num ASC");
     r.lier(1, numCompte);
     const QString compte = QString::number(numCompte);
     while (r.suivante()) {
@@ -75,6 +77,7 @@ QList<Dossier> lireArbre(int numCompte) {
         d.num = r.texte(1);
         d.dossier = r.texte(2);
         d.icone = r.entier(11);
+        d.rowid = r.entierLong(kChamps);
         d.infos << compte << d.num << d.dossier << QString();
         dossiers[*it].documents.append(std::move(d));
     }

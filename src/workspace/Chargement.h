@@ -14,10 +14,12 @@ struct Document {
     int icone = 0;  // as stored; 0 means none
     QString num;
     QString dossier;
+    qint64 rowid = 0;  // the row of the base, the one key that names it alone
 };
 
 struct Dossier {
     int num = 0;
+    qint64 rowid = 0;
     QString nom;                // as stored, without the grid's leading blank
     QList<Document> documents;  // by title as shown, in French order
 };

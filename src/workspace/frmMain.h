@@ -109,6 +109,7 @@ private:
     bool masquageSaisie_ = false;
     bool retourCalendrier_ = false;
     bool garderEnfonce_ = false;  // the command leaves its button pressed
+    bool chargementMuet_ = false;  // a reload after a failure already told: no second message
     QPointer<FrmOptions> options_;
 
     // The folder or document the band names, by its keys in the base.
@@ -117,6 +118,7 @@ private:
         bool dossier = false;
         QString numDossier;
         QString num;
+        QString rowid;
     };
     CleSelection selection_;
     std::function<void(QWidget *)> preparationDialogue_;

@@ -35,14 +35,17 @@ void frmMain::ChargerTreeview(int numCompte) {
             QVariant cle = QString::number(d.num);
             MG->AddParent(QStringLiteral(" ") + d.nom, cle);
             const int numero = NbDossiers++;
+            const int ligneDossier = MG->ligneParent(numero);
+            MG->definirRowid(ligneDossier, d.rowid);
             for (const Chargement::Document &doc : d.documents) {
                 int parent = numero;
                 // A document without an icon shows the library's second one.
                 MG->AddFils(doc.infos, parent, doc.icone == 0 ? 2 : doc.icone, 0, compte, doc.num, doc.dossier);
+                MG->definirRowid(ligneDossier + 1, doc.rowid);
             }
         }
     } catch (const Base::ErreurBase &e) {
-        Messages::information(e.message());
+        if (!chargementMuet_) Messages::information(e.message());
     }
     MG->Redraw(true);
 }

@@ -36,7 +36,8 @@ void frmMain::clicGrille() {
     }
     const int r = MG->LigneCourante;
     // Remembered by its keys, so that a reload finds it again wherever its row went.
-    selection_ = {r >= 2, MG->IsLigneParent(r), MG->GetColumnInfos(r, 17), MG->GetColumnInfos(r, 16)};
+    selection_ = {r >= 2, MG->IsLigneParent(r), MG->GetColumnInfos(r, 17), MG->GetColumnInfos(r, 16),
+                  MG->GetColumnInfos(r, Def::kColonneRowid)};
     if (MG->IsLigneParent(r)) {
         EnteteB->definirTexte(QStringLiteral("   ") + Chaine(123) + QStringLiteral(" : ") + MG->GetColumnInfos(r, 2));
         NomDossierCourant = MG->GetColumnInfos(r, 2);
@@ -99,8 +100,12 @@ void frmMain::clicBouton(int index) {
         try {
             commande(index);
         } catch (const Base::ErreurBase &e) {
+            // One message for one failed command: the grid is read again to show what the
+            // base holds, and a base that can't be read was just named in that message.
             Messages::information(e.message());
+            chargementMuet_ = true;
             rechargerGrille();
+            chargementMuet_ = false;
         }
     }
     // A cancelled choice of a base to open leaves its button pressed, until the next click on it.
@@ -154,7 +159,7 @@ void frmMain::supprimerSelection() {
 
 void frmMain::restaurerSelection() {
     const CleSelection cle = selection_;
-    const int ligne = cle.valide ? MG->LigneDeCle(cle.dossier, cle.numDossier, cle.num) : -1;
+    const int ligne = cle.valide ? MG->LigneDeCle(cle.dossier, cle.numDossier, cle.num, cle.rowid) : -1;
     if (ligne < 2) {
         effacerSelection();
         return;

@@ -2,6 +2,7 @@
 
 #include "app/InstanceUnique.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -10,14 +11,20 @@
 class TestInstance : public QObject {
     Q_OBJECT
 private slots:
-    void uneSeuleCopieParDossier() {
+    void uneSeuleCopieParBase() {
         QTemporaryDir a, b;
-        InstanceUnique premiere(a.path());
-        QVERIFY(premiere.acquerir());
-        InstanceUnique seconde(a.path());
-        QVERIFY(!seconde.acquerir());
-        InstanceUnique ailleurs(b.path());
-        QVERIFY(ailleurs.acquerir());
+        const QString base = a.filePath(QStringLiteral("korvane.kvx"));
+        {
+            InstanceUnique premiere(base);
+            QVERIFY(premiere.acquerir());
+            InstanceUnique seconde(base);
+            QVERIFY(!seconde.acquerir());
+            InstanceUnique ailleurs(b.filePath(QStringLiteral("korvane.kvx")));
+            QVERIFY(ailleurs.acquerir());
+        }
+        // The lock goes with the copy that held it.
+        InstanceUnique suivante(base);
+        QVERIFY(suivante.acquerir());
     }
 
     void uneSecondeCopieSArreteSansRienToucher() {
@@ -26,7 +33,7 @@ private slots:
         QTemporaryDir dossier;
         const QString copie = dossier.filePath(QStringLiteral("korvane"));
         QVERIFY(QFile::copy(binaire, copie));
-        InstanceUnique tenue(dossier.path());
+        InstanceUnique tenue(dossier.filePath(QStringLiteral("korvane.kvx")));
         QVERIFY(tenue.acquerir());
 
         QProcess p;
@@ -34,6 +41,9 @@ private slots:
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         env.insert(QStringLiteral("KORVANE_MESSAGES_SANS_FENETRE"), QStringLiteral("1"));
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), dossier.filePath(QStringLiteral("config")));
+        // Another desktop session, or another user: the lock is on the base, not the session.
+        QVERIFY(QDir().mkpath(dossier.filePath(QStringLiteral("session"))));
+        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), dossier.filePath(QStringLiteral("session")));
         p.setProcessEnvironment(env);
         p.start(copie, {});
         QVERIFY(p.waitForFinished(20000));

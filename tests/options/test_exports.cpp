@@ -62,10 +62,7 @@ const QByteArray kEspaceur = lignes({
     "</tr>",
 });
 
-int mode(const QString &chemin) {
-    struct stat st {};
-    return stat(QFile::encodeName(chemin).constData(), &st) == 0 ? int(st.st_mode & 07777) : -1;
-}
+int mode(const QString &chemin) { return EnvironnementTest::mode(chemin); }
 
 }  // namespace
 

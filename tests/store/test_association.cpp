@@ -6,7 +6,9 @@
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -67,4 +69,30 @@ TEST(Association, EnregistreLeTypeLEntreeLIconeEtLApplicationParDefaut) {
         EXPECT_EQ(sortieDe("xdg-mime", {"query", "filetype", fichier}), "application/x-korvane");
         EXPECT_EQ(sortieDe("xdg-mime", {"query", "default", "application/x-korvane"}), "korvane.desktop");
     }
+}
+
+TEST(Association, UnDisquePleinLaisseMimeappsEntier) {
+    EnvironnementTest env(false);
+    const QDir config(qEnvironmentVariable("XDG_CONFIG_HOME"));
+    QDir().mkpath(config.absolutePath());
+    QByteArray avant = "[Default Applications]\n";
+    for (int i = 0; avant.size() < 8192; ++i) avant += "application/x-autre-" + QByteArray::number(i) + "=autre.desktop\n";
+    {
+        QFile f(config.filePath("mimeapps.list"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(avant);
+    }
+    // No file may grow past 4 KB, as on a full disk: the write fails half way.
+    struct rlimit ancienne {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &ancienne), 0);
+    const auto ancienSignal = std::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit petite = ancienne;
+    petite.rlim_cur = 4096;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &petite), 0);
+    AssocierExtension();
+    setrlimit(RLIMIT_FSIZE, &ancienne);
+    std::signal(SIGXFSZ, ancienSignal);
+    const QByteArray apres = lire(config.filePath("mimeapps.list")).toUtf8();
+    EXPECT_EQ(apres.size(), avant.size());
+    EXPECT_TRUE(apres == avant) << apres.right(200).toStdString();
 }

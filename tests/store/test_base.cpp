@@ -1,5 +1,6 @@
 #include "store/Base.h"
 #include "store/Comptes.h"
+#include "store/CopieBase.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
 #include "support/BaseSql.h"
@@ -105,6 +106,74 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     QFile::copy(etranger, Chemins::cheminBase());
     EXPECT_THROW(Base::preparerBase(), Base::ErreurBase);
     EXPECT_EQ(contenu(Chemins::cheminBase()), QByteArray(4096, 'x'));
+
+    // Our key and our tables, but a column short: refused in French before any action
+    // could fail on it, and left as it was.
+    const QString incomplete = env.chemin("incomplete.kvx");
+    {
+        sqlite3 *db = nullptr;
+        sqlite3_open(QFile::encodeName(incomplete).constData(), &db);
+        sqlite3_exec(db, "PRAGMA key='Tarvex'; CREATE TABLE Compte (NumCompte, Login); CREATE TABLE Dossiers (NumCompte, Num, Nom);"
+                         "CREATE TABLE Documents (NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier,"
+                         " DateDebut, DateFin, Remarques, Icone); CREATE TABLE Icones (Num, ico, Libelle);",
+                     nullptr, nullptr, nullptr);
+        sqlite3_close(db);
+    }
+    const QByteArray incompleteAvant = contenu(incomplete);
+    EXPECT_FALSE(Base::estBaseKorvane(incomplete, &raison));
+    EXPECT_EQ(raison, "Le fichier incomplete.kvx n'est pas une base Korvane complète : la colonne Pass manque dans la "
+                      "table Compte.\nIl n'a pas été modifié.");
+    EXPECT_EQ(contenu(incomplete), incompleteAvant);
+
+    // A link to nothing is called what it is, and not replaced by a new base.
+    QFile::remove(Chemins::cheminBase());
+    ASSERT_TRUE(QFile::link(env.chemin("disparue.kvx"), Chemins::cheminBase()));
+    try {
+        Base::preparerBase();
+        ADD_FAILURE() << "a broken link was accepted";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains("lien vers un fichier qui n'existe pas")) << e.message().toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(env.chemin("disparue.kvx")));
+}
+
+TEST_F(Store, LaBaseSesCopiesEtLesReglagesSontAuSeulUtilisateur) {
+    const QString base = Chemins::cheminBase();
+    EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    CopieBase::copier(env.chemin("copie.kvx"));
+    EXPECT_EQ(EnvironnementTest::mode(env.chemin("copie.kvx")), 0600);
+    ::chmod(QFile::encodeName(env.chemin("copie.kvx")).constData(), 0644);
+    CopieBase::remplacer(env.chemin("copie.kvx"));
+    EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(CopieBase::cheminSauvegarde()), 0600);
+    // A base left readable by others is narrowed at the next start.
+    ::chmod(QFile::encodeName(base).constData(), 0644);
+    Base::preparerBase();
+    EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
+    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0600);
+}
+
+TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
+    // A base edited by hand: two documents and two folders share their numbers.
+    BaseSql::executer(Chemins::cheminBase(), "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES "
+                                             "(1, 5, 2, 'Alpha'), (1, 5, 2, 'Zulu');"
+                                             "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (1, 3, 'Un'), (1, 3, 'Deux');");
+    const QString zulu = sql("SELECT rowid FROM Documents WHERE Titre='Zulu'").value(0);
+    const QString deux = sql("SELECT rowid FROM Dossiers WHERE Nom='Deux'").value(0);
+    // Without the row of the base, nothing is guessed.
+    grille.selectionner(5, 2);
+    EXPECT_THROW(SupprimerDocument(), Base::ErreurBase);
+    grille.colonnes[Def::kColonneRowid] = zulu;
+    EXPECT_TRUE(SupprimerDocument());
+    EXPECT_EQ(sql("SELECT Titre FROM Documents"), QStringList{"Alpha"});
+    // The row gone, its rowid names nothing any more.
+    EXPECT_THROW(MajChampDocument(3, "x"), Base::ErreurBase);
+
+    grille.colonnes = {{Def::kColonneNumDossier, "3"}, {Def::kColonneRowid, deux}};
+    EXPECT_TRUE(EcrireDossier("Deux bis", 3));
+    EXPECT_TRUE(SupprimerDossier(3));
+    EXPECT_EQ(sql("SELECT Nom FROM Dossiers WHERE NumCompte=1"), QStringList{"Un"});
 }
 
 TEST_F(Store, UneBaseEnLectureSeuleOuVerrouilleeDonneUnMessageEtNePerdRien) {
@@ -194,15 +263,15 @@ TEST_F(Store, MajChampDocumentEcritLeChampChiffreDeLaLigneSelectionnee) {
     ASSERT_EQ(stocke.size(), 1);
     EXPECT_EQ(stocke[0].size(), 255);
     EXPECT_EQ(DecrypterChamp(stocke[0]), QString(85, 'p'));
-    // Index 11 changes nothing; nor does a row whose document is gone, nor another account's.
+    // Index 11 changes nothing; a row whose document is gone, or another account's, is refused.
     EXPECT_FALSE(MajChampDocument(11, "3"));
     EXPECT_EQ(sql("SELECT Icone FROM Documents"), QStringList{"0"});
     grille.selectionner(99, 2);
-    EXPECT_FALSE(MajChampDocument(3, "x"));
+    EXPECT_THROW(MajChampDocument(3, "x"), Base::ErreurBase);
     grille.selectionner(5, 2);
     Session::NumCompteCourant = 2;
-    EXPECT_FALSE(MajChampDocument(3, "x"));
-    EXPECT_FALSE(SupprimerDocument());
+    EXPECT_THROW(MajChampDocument(3, "x"), Base::ErreurBase);
+    EXPECT_THROW(SupprimerDocument(), Base::ErreurBase);
     // No selection at all (a folder row has no document number): nothing.
     Session::NumCompteCourant = 1;
     grille.colonnes.clear();
@@ -221,7 +290,7 @@ TEST_F(Store, LesDossiersSontParCompte) {
     EXPECT_EQ(sql("SELECT NumCompte, Num, Nom FROM Dossiers WHERE NumCompte>0 ORDER BY NumCompte"),
               (QStringList{"1|3|Banques", "2|3|Travail"}));
     EXPECT_TRUE(SupprimerDossier(3));
-    EXPECT_FALSE(SupprimerDossier(3));
+    EXPECT_THROW(SupprimerDossier(3), Base::ErreurBase);
     EXPECT_EQ(sql("SELECT NumCompte FROM Dossiers WHERE Num=3 AND NumCompte>0"), QStringList{"1"});
     // The templates of account 0 are untouched.
     EXPECT_EQ(sql("SELECT count(*) FROM Dossiers WHERE NumCompte=0"), QStringList{"6"});

@@ -13,6 +13,7 @@
 #include <QList>
 #include <QString>
 #include <QTemporaryDir>
+#include <sys/stat.h>
 
 class EnvironnementTest {
 public:
@@ -36,6 +37,11 @@ public:
         Reglages::definirDossier(QString());
     }
     QString chemin(const QString &nom) const { return dossier.filePath(nom); }
+    // The file's mode bits (0600...), or -1 when it is missing.
+    static int mode(const QString &chemin) {
+        struct stat st {};
+        return ::stat(QFile::encodeName(chemin).constData(), &st) == 0 ? int(st.st_mode & 07777) : -1;
+    }
 
     QTemporaryDir dossier;
 

@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QTimer>
 #include <QTest>
+#include <sqlcipher/sqlite3.h>
 #include <memory>
 
 class TestEdition : public QObject {
@@ -386,7 +387,7 @@ private slots:
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
     }
 
-    void unDocumentDisparuNeChangeRien() {
+    void unDocumentDisparuNeChangeRienEtLeDitUneFois() {
         const int l = ligne(QStringLiteral("Livret"));
         cliquerLigne(l);
         commande(15);
@@ -394,10 +395,56 @@ private slots:
         f->Saisie[3]->setFocus();
         QTest::keyClicks(f->Saisie[3], QStringLiteral("!"));
         QTest::keyClick(f->Saisie[3], Qt::Key_Return);
+        const QStringList dit = Messages::affiches();
+        QCOMPARE(dit.size(), 1);
+        QVERIFY(dit[0].startsWith(QStringLiteral("Ce document n'est plus dans la base")));
+        QCOMPARE(f->Saisie[3]->text(), QStringLiteral("!Livret"));  // kept for the user to copy
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("1")});
+        touche(Qt::Key_Escape);
         Messages::prevoirReponses({true});
         commande(13);
+        QCOMPARE(Messages::affiches(), (QStringList{Chaine(141), dit[0]}));
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("1")});
+    }
+
+    void uneBaseVerrouilleeDonneUnMessageParActionRate() {
+        sqlite3 *autre = nullptr;
+        sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);
+        sqlite3_exec(autre, "PRAGMA key='Tarvex'; BEGIN EXCLUSIVE;", nullptr, nullptr, nullptr);
+        editer(QStringLiteral("Livret"));
+        QTest::keyClicks(f->Saisie[3], QStringLiteral("2"));
+        QTest::keyClick(f->Saisie[3], Qt::Key_Return);
+        QCOMPARE(Messages::affiches().size(), 1);
+        QVERIFY(f->SaisieVisible);
+        touche(Qt::Key_Escape);
+        Messages::prevoirReponses({true});
+        commande(13);
+        const QStringList dit = Messages::affiches();
+        QCOMPARE(dit.size(), 2);  // the question, then the one refusal
+        QVERIFY(dit[1].contains(QStringLiteral("utilisée par un autre programme")));
+        sqlite3_exec(autre, "ROLLBACK;", nullptr, nullptr, nullptr);
+        sqlite3_close(autre);
+        QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents ORDER BY Num")).size(), 2);
+    }
+
+    void deuxDocumentsDeMemeNumeroSeSupprimentChacunLeSien() {
+        // A base edited by hand: Alpha and Zulu share their numbers. Each, chosen, goes alone.
+        for (const QString &choisi : {QStringLiteral("Alpha"), QStringLiteral("Zulu")}) {
+            const QString autre = choisi == QStringLiteral("Alpha") ? QStringLiteral("Zulu") : QStringLiteral("Alpha");
+            t.reset();
+            t = std::make_unique<PrincipaleTest>(
+                QStringLiteral("INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+                               "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (1, 5, 10, '%1'), (1, 5, 10, '%2');")
+                    .arg(CrypterChamp(QStringLiteral("Alpha")), CrypterChamp(QStringLiteral("Zulu"))));
+            f = t->f;
+            QVERIFY(t->actif);
+            cliquerLigne(ligne(choisi));
+            Messages::prevoirReponses({true});
+            commande(13);
+            QCOMPARE(DecrypterChamp(sql(QStringLiteral("SELECT Titre FROM Documents")).join(u'+')), autre);
+            QCOMPARE(ligne(choisi), -1);
+            QVERIFY(ligne(autre) > 0);
+        }
     }
 };
 
