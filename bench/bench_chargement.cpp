@@ -1,5 +1,9 @@
-// Loading an account of 200 folders and 10,000 documents into the main window's grid,
-// against the floor: one bare query reading the same rows from the same file.
+// Loading an account of 200 folders into the main window, at 10,000 and 100,000
+// documents, against the floor: one bare query reading the same rows from the same
+// file. Also the reload after a document is added, a folder renamed or deleted.
+//
+// The resident memory of a loaded grid is measured in a process of its own:
+//   bench_chargement --memoire 100000
 
 #include "app/Navigation.h"
 #include "grid/MyCoolGrid.h"
@@ -12,29 +16,44 @@
 #include "workspace/frmMain.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QMap>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
+#include <cstring>
+#include <memory>
 
 namespace {
 
+// One base a size, built once: 200 folders and n documents in account 1. With
+// KORVANE_BANC_BASES set, the bases are kept in that folder from one run to the next
+// (a profile of the loading alone).
 struct Environnement {
-    QTemporaryDir dossier;
-    Environnement() {
-        Chemins::definirDossierProgramme(dossier.path());
-        Reglages::definirDossier(dossier.filePath(QStringLiteral("config")));
+    QTemporaryDir temporaire;
+    QString chemin;
+    explicit Environnement(int documents) {
+        const QString garde = qEnvironmentVariable("KORVANE_BANC_BASES");
+        chemin = garde.isEmpty() ? temporaire.path() : garde + u'/' + QString::number(documents);
+        const bool existe = !garde.isEmpty() && QFile::exists(chemin + QStringLiteral("/korvane.kvx"));
+        QDir().mkpath(chemin);
+        Chemins::definirDossierProgramme(chemin);
+        Reglages::definirDossier(chemin + QStringLiteral("/config"));
         Reglages::ecrire(Reglages::Cle::Demarrage, 1);
         Messages::preparerPourTests();
         Base::preparerBase();
-        BaseExemple::remplir(1, 200, 10000);
+        if (documents > 0 && !existe) BaseExemple::remplir(1, 200, documents);
         Session::NumCompteCourant = 1;
         Session::LoginCourant = QStringLiteral("banc");
     }
 };
 
-Environnement &environnement() {
-    static Environnement e;
-    return e;
+void utiliser(int documents) {
+    static QMap<int, std::shared_ptr<Environnement>> bases;
+    if (!bases.contains(documents)) bases.insert(documents, std::make_shared<Environnement>(documents));
+    const auto &e = bases[documents];
+    Chemins::definirDossierProgramme(e->chemin);
+    Reglages::definirDossier(e->chemin + QStringLiteral("/config"));
 }
 
 long memoireResidenteKo() {
@@ -45,8 +64,21 @@ long memoireResidenteKo() {
     return -1;
 }
 
+// From nothing to the main window on screen with its tree, as after the login.
+void BM_OuvrirPrincipale(benchmark::State &s) {
+    utiliser(int(s.range(0)));
+    for (auto _ : s) {
+        Navigation::afficherPrincipale();
+        QApplication::processEvents();
+        s.PauseTiming();
+        Navigation::fermerTout();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        s.ResumeTiming();
+    }
+}
+
 void BM_ChargerMG(benchmark::State &s) {
-    environnement();
+    utiliser(int(s.range(0)));
     Navigation::afficherPrincipale();
     frmMain *f = Navigation::fenetrePrincipale();
     for (auto _ : s) {
@@ -54,19 +86,24 @@ void BM_ChargerMG(benchmark::State &s) {
         f->ChargerMG();
     }
     s.counters["lignes"] = f->MG->NbLignes;
-    QApplication::processEvents();
-    s.counters["RSS_Mo"] = double(memoireResidenteKo()) / 1024.0;
     Navigation::fermerTout();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 // The reading and deciphering alone, without the grid.
 void BM_LireArbre(benchmark::State &s) {
-    environnement();
-    for (auto _ : s) benchmark::DoNotOptimize(Chargement::lireArbre(1));
+    utiliser(int(s.range(0)));
+    for (auto _ : s) {
+        int documents = 0;
+        Chargement::lireArbre(
+            1, [](const QList<Chargement::Dossier> &) {},
+            [&documents](int, QList<Chargement::Document> &lus) { documents += int(lus.size()); });
+        benchmark::DoNotOptimize(documents);
+    }
 }
 
 void BM_RequeteNue(benchmark::State &s) {
-    environnement();
+    utiliser(int(s.range(0)));
     for (auto _ : s) {
         Base::Connexion c;
         Base::Requete r(c, "SELECT * FROM Documents WHERE NumCompte=? ORDER BY NumDossier, Titre");
@@ -80,15 +117,29 @@ void BM_RequeteNue(benchmark::State &s) {
     }
 }
 
+// Loads a grid of n documents, then prints the resident memory: one process, one load.
+int mesurerMemoire(int documents) {
+    utiliser(documents);
+    const long avant = memoireResidenteKo();
+    Navigation::afficherPrincipale();
+    QApplication::processEvents();
+    const long apres = memoireResidenteKo();
+    std::printf("documents %d: RSS before the main window %.1f MB, after %.1f MB\n", documents, avant / 1024.0, apres / 1024.0);
+    Navigation::fermerTout();
+    return 0;
+}
+
 }  // namespace
 
-BENCHMARK(BM_ChargerMG)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_LireArbre)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_RequeteNue)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_OuvrirPrincipale)->Arg(0)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ChargerMG)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LireArbre)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RequeteNue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    if (argc == 3 && std::strcmp(argv[1], "--memoire") == 0) return mesurerMemoire(std::atoi(argv[2]));
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -56,6 +56,42 @@ void Grille::RemoveItem(int l) {
     arbreValide_ = false;
 }
 
+QStringView Grille::texte(int l, int colonne) const {
+    const Ligne &r = rangee(l);
+    return QStringView(r.textes).mid(r.debut(colonne), r.longueurs[size_t(colonne)]);
+}
+
+void Grille::definirTexte(int l, int colonne, QStringView texte) {
+    Ligne &r = rangee(l);
+    texte = texte.left(kLongueurMax);
+    const int debut = r.debut(colonne);
+    const int ancienne = r.longueurs[size_t(colonne)];
+    if (texte == QStringView(r.textes).mid(debut, ancienne)) return;
+    r.textes.replace(debut, ancienne, texte.data(), texte.size());
+    r.longueurs[size_t(colonne)] = quint16(texte.size());
+    // A row's texts are written once and seldom changed: no spare room kept.
+    r.textes.squeeze();
+}
+
+void Grille::definirTextes(int l, int premiere, const QStringView *textes, int nombre) {
+    Ligne &r = rangee(l);
+    nombre = std::min(nombre, kColonnes - premiere);
+    if (premiere < 0 || nombre <= 0) return;
+    // Rebuilt whole, in one allocation of the right size.
+    QStringView anciens[kColonnes];
+    for (int c = 0; c < kColonnes; ++c) anciens[c] = QStringView(r.textes).mid(r.debut(c), r.longueurs[size_t(c)]);
+    for (int i = 0; i < nombre; ++i) anciens[premiere + i] = textes[i].left(kLongueurMax);
+    qsizetype total = 0;
+    for (const QStringView &t : anciens) total += t.size();
+    QString nouveaux;
+    nouveaux.reserve(total);
+    for (int c = 0; c < kColonnes; ++c) {
+        nouveaux.append(anciens[c]);
+        r.longueurs[size_t(c)] = quint16(anciens[c].size());
+    }
+    r.textes = std::move(nouveaux);
+}
+
 void Grille::RowHeight(int l, int twips) {
     if (twips < 0) twips = 0;
     const int avant = hauteurPixels(l);

@@ -7,6 +7,7 @@
 // the pixel view (15 twips to the pixel) is what the painting and the mouse use.
 
 #include <QString>
+#include <QStringView>
 #include <array>
 #include <memory>
 #include <vector>
@@ -30,16 +31,17 @@ enum Alignement : quint8 {
     General = 9,  // text at the left, centred in height
 };
 
+// The look of a cell. Its text is kept apart, with the other texts of its row, so
+// that a row of 20 cells costs one allocation for its texts instead of twenty.
 struct Cellule {
-    QString texte;
     int couleurTexte = 0;  // colour number, red in the low byte
     int couleurFond = 0;   // 0: no colour of its own, the grid's shows
     int image = 0;         // number in the list named by source
     Source source = Source::Aucune;
-    quint8 alignement = General;
-    quint8 alignementImage = General;
-    quint8 taillePolice = 0;  // points; 0 for the grid's own font
+    quint8 alignement : 4 = General;
+    quint8 alignementImage : 4 = General;
     bool gras = false;
+    quint8 taillePolice = 0;  // points; 0 for the grid's own font
 
     void definirImage(Source s, int numero) {
         source = numero > 0 ? s : Source::Aucune;
@@ -49,7 +51,7 @@ struct Cellule {
 };
 
 // A number written in a cell, as the grid reads it back; what isn't one counts as 0.
-inline int nombre(const QString &texte) {
+inline int nombre(QStringView texte) {
     bool ok = false;
     const int n = texte.trimmed().toInt(&ok);
     return ok ? n : 0;
@@ -69,9 +71,14 @@ public:
     bool existe(int ligne, int colonne = 0) const {
         return ligne >= 0 && ligne < Rows() && colonne >= 0 && colonne < kColonnes;
     }
-    // Both require existe(ligne, colonne).
+    // All of these require existe(ligne, colonne).
     Cellule &cellule(int l, int colonne) { return rangee(l).cellules[size_t(colonne)]; }
     const Cellule &cellule(int l, int colonne) const { return rangee(l).cellules[size_t(colonne)]; }
+    // The text of a cell, read in place: valid until the row's texts change.
+    QStringView texte(int l, int colonne) const;
+    void definirTexte(int l, int colonne, QStringView texte);
+    // The texts of columns premiere, premiere + 1... of the row in one go.
+    void definirTextes(int l, int premiere, const QStringView *textes, int nombre);
 
     int RowHeight(int l) const { return rangee(l).hauteur; }
     void RowHeight(int l, int twips);
@@ -93,10 +100,20 @@ public:
     int GridColor = 16777215;     // the lines between cells
 
 private:
+    // A text is cut at 65,535 characters, far beyond any field of the base.
+    static constexpr int kLongueurMax = 0xFFFF;
     struct Ligne {
         std::array<Cellule, kColonnes> cellules;
+        QString textes;                           // the cells' texts end to end
+        std::array<quint16, kColonnes> longueurs{};
         int hauteur = kHauteurDefaut;
         bool fusion = false;
+
+        int debut(int colonne) const {
+            int d = 0;
+            for (int c = 0; c < colonne; ++c) d += longueurs[size_t(c)];
+            return d;
+        }
     };
 
     // Rows are held by pointer in a vector with a gap where the last insertion

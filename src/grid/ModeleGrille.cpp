@@ -37,12 +37,14 @@ ModeleGrille::ModeleGrille() {
     flxGrd.ColWidth(2, 50);
 }
 
-QString ModeleGrille::texte(int ligne, int colonne) const {
-    return flxGrd.existe(ligne, colonne) ? flxGrd.cellule(ligne, colonne).texte : QString();
+QString ModeleGrille::texte(int ligne, int colonne) const { return vue(ligne, colonne).toString(); }
+
+QStringView ModeleGrille::vue(int ligne, int colonne) const {
+    return flxGrd.existe(ligne, colonne) ? flxGrd.texte(ligne, colonne) : QStringView();
 }
 
-void ModeleGrille::ecrire(int ligne, int colonne, const QString &valeur) {
-    if (flxGrd.existe(ligne, colonne)) flxGrd.cellule(ligne, colonne).texte = valeur;
+void ModeleGrille::ecrire(int ligne, int colonne, QStringView valeur) {
+    if (flxGrd.existe(ligne, colonne)) flxGrd.definirTexte(ligne, colonne, valeur);
 }
 
 int ModeleGrille::ligneParent(int numero) const {
@@ -55,15 +57,17 @@ void ModeleGrille::AddTitle(const QString &Titre) {
     flxGrd.AddItem(0);
     flxGrd.RowHeight(0, kHauteurTitre);
     const QString t = Titre + QStringLiteral("  ");
+    QStringView textes[grille::kColonnes];
     for (int c = 0; c < grille::kColonnes; ++c) {
         grille::Cellule &cel = flxGrd.cellule(0, c);
         cel.alignement = grille::GaucheHaut;
         cel.gras = true;
         cel.taillePolice = 11;
         cel.couleurTexte = CouleurTitre;
-        cel.texte = t;
+        textes[c] = t;
         cel.definirImage(Source::Titre, kImageBandeTitre);
     }
+    flxGrd.definirTextes(0, 0, textes, grille::kColonnes);
     // Equal texts side by side show as one title across the row.
     flxGrd.MergeRow(0, true);
     Redraw(true);
@@ -83,7 +87,7 @@ void ModeleGrille::AddSection(const QStringList &Titres, int Image1, int Image2)
             cel.definirImage(Source::Titre, kImageBandeSection);
             if (c > 0) cel.alignementImage = grille::CentreCentre;
         } else if (indice < Titres.size()) {
-            cel.texte = Titres[indice++];
+            ecrire(0, c, Titres[indice++]);
             // In the rows' weight: bold would cut "Date de début" in its column at the usual width.
             cel.gras = false;
             cel.definirImage(Source::Titre, kImageBandeSection);
@@ -107,14 +111,16 @@ void ModeleGrille::AddParent(const QString &Nom, QVariant &Cle) {
     nom.alignement = grille::GaucheCentre;
     nom.couleurTexte = CouleurParent;
     nom.definirImage(Source::Titre, kImageDossier);
-    nom.texte = Nom;
     // The name repeated over the field columns merges into one wide cell.
-    for (int i = 0; i <= nbColonnes_; ++i) ecrire(ligne, 2 + i, Nom);
+    const QString numero = QString::number(NbParents), cle = Cle.toString();
+    QStringView textes[grille::kColonnes];
+    for (int i = 1; i <= 2 + nbColonnes_ && i < grille::kColonnes; ++i) textes[i] = Nom;
+    textes[kColType] = kParent;
+    textes[kColEtat] = kOuvert;
+    textes[kColNumero] = numero;
+    textes[kColCle1 + 2] = cle;
+    flxGrd.definirTextes(ligne, 0, textes, grille::kColonnes);
     flxGrd.MergeRow(ligne, true);
-    ecrire(ligne, kColType, kParent);
-    ecrire(ligne, kColEtat, kOuvert);
-    ecrire(ligne, kColNumero, QString::number(NbParents));
-    ecrire(ligne, kColCle1 + 2, Cle.toString());
     flxGrd.RowHeight(ligne, kHauteurDossier);
     LignesParents.resize(size_t(NbParents) + 1);
     LignesParents[size_t(NbParents)] = ligne;
@@ -134,10 +140,11 @@ void ModeleGrille::AddFils(const QStringList &Infos, int &Parent, int Icone, int
     (void)(AlternanceLigne ? lineColor2_ : lineColor1_);
     AlternanceLigne = !AlternanceLigne;
     flxGrd.AddItem(ligne);
+    QStringView textes[grille::kColonnes];
     for (int i = 0; i < Infos.size() && 3 + i < grille::kColonnes; ++i) {
         grille::Cellule &cel = flxGrd.cellule(ligne, 3 + i);
         cel.alignement = grille::GaucheCentre;
-        cel.texte = Infos[i];
+        textes[3 + i] = Infos[i];
         cel.couleurTexte = CouleurFils;
     }
     if (Icone > 0) {
@@ -147,13 +154,13 @@ void ModeleGrille::AddFils(const QStringList &Infos, int &Parent, int Icone, int
     }
     const QString donnees[] = {kFils, QString::number(Parent), QString::number(Icone), QString::number(Icone2)};
     for (int i = 0; i < 4; ++i) {
-        grille::Cellule &cel = flxGrd.cellule(ligne, kColType + i);
-        cel.texte = donnees[i];
-        cel.alignement = grille::GaucheCentre;
+        textes[kColType + i] = donnees[i];
+        flxGrd.cellule(ligne, kColType + i).alignement = grille::GaucheCentre;
     }
-    ecrire(ligne, kColCle1, Cle1);
-    ecrire(ligne, kColCle1 + 1, Cle2);
-    ecrire(ligne, kColCle1 + 2, Cle3);
+    textes[kColCle1] = Cle1;
+    textes[kColCle1 + 1] = Cle2;
+    textes[kColCle1 + 2] = Cle3;
+    flxGrd.definirTextes(ligne, 0, textes, grille::kColonnes);
     ++NbLignes;
     ++Parent;
     // The folders below moved down by one row.
@@ -186,7 +193,7 @@ void ModeleGrille::Clear() {
     if (redraw_) demanderAffichage();
 }
 
-bool ModeleGrille::IsLigneParent(int Ligne) const { return texte(Ligne, kColType) == kParent; }
+bool ModeleGrille::IsLigneParent(int Ligne) const { return vue(Ligne, kColType) == kParent; }
 
 QString ModeleGrille::GetParentEtat(int Ligne) const { return texte(Ligne, kColEtat); }
 
@@ -194,7 +201,7 @@ bool ModeleGrille::HasLigneFils(int Ligne) const {
     // Asked before a folder is deleted: the answer must hold whatever row the
     // grid last looked at, so that a folder with documents is never deleted.
     if (!flxGrd.existe(Ligne) || !flxGrd.existe(Ligne + 1)) return false;
-    return texte(Ligne + 1, kColType) != kParent;
+    return vue(Ligne + 1, kColType) != kParent;
 }
 
 void ModeleGrille::SelectLine(int Ligne) {
@@ -216,14 +223,14 @@ int ModeleGrille::LigneVisibleVoisine(int Ligne, int sens) const {
 }
 
 void ModeleGrille::definirRowid(int Ligne, qint64 Rowid) {
-    if (flxGrd.existe(Ligne, kColCle1 + 3)) flxGrd.cellule(Ligne, kColCle1 + 3).texte = QString::number(Rowid);
+    ecrire(Ligne, kColCle1 + 3, QString::number(Rowid));
 }
 
 int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num, const QString &Rowid) const {
     for (int r = 2; r < flxGrd.Rows(); ++r) {
-        if (IsLigneParent(r) != dossier || texte(r, kColCle1 + 2) != NumDossier) continue;
-        if (!Rowid.isEmpty() && texte(r, kColCle1 + 3) != Rowid) continue;
-        if (dossier || texte(r, kColCle1 + 1) == Num) return r;
+        if (IsLigneParent(r) != dossier || vue(r, kColCle1 + 2) != NumDossier) continue;
+        if (!Rowid.isEmpty() && vue(r, kColCle1 + 3) != Rowid) continue;
+        if (dossier || vue(r, kColCle1 + 1) == Num) return r;
     }
     return -1;
 }
@@ -232,7 +239,7 @@ void ModeleGrille::Expend(bool Fermer) {
     const QString aBasculer = Fermer ? kOuvert : kFerme;
     for (size_t k = 0; k < LignesParents.size(); ++k) {
         const int ligne = LignesParents[k];
-        if (!flxGrd.existe(ligne) || texte(ligne, kColEtat) != aBasculer) continue;
+        if (!flxGrd.existe(ligne) || vue(ligne, kColEtat) != aBasculer) continue;
         ligneSel_ = ligne;
         logiqueClic();
     }
@@ -274,7 +281,7 @@ void ModeleGrille::logiqueClic(bool basculer) {
 }
 
 void ModeleGrille::basculerParent(int ligne) {
-    const int numero = nombre(texte(ligne, kColNumero));
+    const int numero = nombre(vue(ligne, kColNumero));
     // The children end before the next folder's row, or with the grid.
     int limite = 0;
     if (numero >= 0 && size_t(numero) + 1 < LignesParents.size()) limite = LignesParents[size_t(numero) + 1] + 1;
@@ -299,11 +306,10 @@ void ModeleGrille::FermerParent(int Ligne, int limite) {
     for (int r = Ligne + 1; r <= dernier; ++r) {
         flxGrd.RowHeight(r, 0);
         // The icon is parked as its number in columns 1 and 2 until the folder opens.
-        const QString icone = QString::number(nombre(texte(r, kColNumero)));
-        for (int c = 1; c <= 2; ++c) {
-            flxGrd.cellule(r, c).texte = icone;
-            flxGrd.cellule(r, c).effacerImage();
-        }
+        const QString icone = QString::number(nombre(vue(r, kColNumero)));
+        const QStringView icones[] = {icone, icone};
+        flxGrd.definirTextes(r, 1, icones, 2);
+        for (int c = 1; c <= 2; ++c) flxGrd.cellule(r, c).effacerImage();
         for (int c = 0; c < grille::kColonnes; ++c) flxGrd.cellule(r, c).couleurTexte = flxGrd.BackColorBkg;
     }
     Refresh();
@@ -315,10 +321,10 @@ void ModeleGrille::OuvrirParent(int Ligne, int limite) {
     const int dernier = qMin(limite != 0 ? limite - 2 : flxGrd.Rows() - 1, flxGrd.Rows() - 1);
     for (int r = Ligne + 1; r <= dernier; ++r) {
         grille::Cellule &icone = flxGrd.cellule(r, 1);
-        const int numero = nombre(icone.texte);
+        const int numero = nombre(flxGrd.texte(r, 1));
         if (numero > 0) icone.definirImage(Source::Contenu, numero);
-        icone.texte.clear();
-        flxGrd.cellule(r, 2).texte.clear();
+        const QStringView vides[] = {QStringView(), QStringView()};
+        flxGrd.definirTextes(r, 1, vides, 2);
         flxGrd.RowHeight(r, kHauteurDocument);
         for (int c = 0; c < grille::kColonnes; ++c) flxGrd.cellule(r, c).couleurTexte = CouleurFils;
     }

@@ -105,6 +105,7 @@ public:
     const grille::Grille &cellules() const { return flxGrd; }
     const ListeImages &imagesContenu() const { return imgCONTENU; }
     QString texte(int ligne, int colonne) const;  // empty when the cell doesn't exist
+    QStringView vue(int ligne, int colonne) const;  // the same, read in place
     int ligneMarquee() const { return LigneMarquee; }
     int ligneGras() const { return LigneGras; }
     int couleurSelection() const { return CouleurSelection; }
@@ -134,7 +135,7 @@ private:
     void basculerParent(int ligne);
     void effacerMarque();  // the marked row gets its colour back
     void calculerLargeurs();
-    void ecrire(int ligne, int colonne, const QString &valeur);
+    void ecrire(int ligne, int colonne, QStringView valeur);
 
     grille::Grille flxGrd;
     ListeImages imgCONTENU;

@@ -86,7 +86,7 @@ void ModeleGrille::ReDessiner() {
         couleurLigne(r, CouleurFils);
         // The icon follows column 13, so a changed icon or library shows here. A
         // number the library lacks paints no picture.
-        flxGrd.cellule(r, 1).definirImage(Source::Contenu, nombre(texte(r, 13)));
+        flxGrd.cellule(r, 1).definirImage(Source::Contenu, nombre(vue(r, 13)));
     }
     calculerLargeurs();
     Redraw(true);
@@ -104,7 +104,7 @@ ModeleGrille::ImageCellule ModeleGrille::imageColonne1(int Ligne) {
 bool ModeleGrille::SetColumnInfos(int Ligne, int Colonne, const QVariant &Valeur) {
     Redraw(false);
     if (!flxGrd.existe(Ligne, Colonne)) return false;
-    flxGrd.cellule(Ligne, Colonne).texte = Valeur.toString();
+    flxGrd.definirTexte(Ligne, Colonne, Valeur.toString());
     Redraw(true);
     return true;
 }
@@ -124,7 +124,7 @@ QString ModeleGrille::GetColumnInfos(int Ligne, int Colonne, int &Largeur, int &
     // a later operation turns it on.
     if (!flxGrd.existe(Ligne, Colonne)) return QString();
     Largeur = flxGrd.largeurPixels(Colonne);
-    const QString resultat = flxGrd.cellule(Ligne, Colonne).texte;
+    const QString resultat = flxGrd.texte(Ligne, Colonne).toString();
     Haut = flxGrd.hautPixels(Ligne) - decalageVertical(Ligne);
     Hauteur = flxGrd.hauteurPixels(Ligne);
     Redraw(true);

@@ -234,13 +234,13 @@ QString MyCoolGrid::texteCoupe(const QPoint &position) {
     if (c >= kColonnesPeintes) return {};
     // The run of equal texts that paints as one cell, as the painting merges it.
     int debut = c, fin = c;
-    const QString &texte = g.cellule(ligne, c).texte;
+    const QStringView texte = g.texte(ligne, c);
     if (g.MergeRow(ligne) && !texte.isEmpty()) {
-        while (debut > 0 && g.cellule(ligne, debut - 1).texte == texte) --debut;
-        while (fin + 1 < kColonnesPeintes && g.cellule(ligne, fin + 1).texte == texte) ++fin;
+        while (debut > 0 && g.texte(ligne, debut - 1) == texte) --debut;
+        while (fin + 1 < kColonnesPeintes && g.texte(ligne, fin + 1) == texte) ++fin;
     }
     const Cellule &cel = g.cellule(ligne, debut);
-    QString visible = cel.texte;
+    QString visible = g.texte(ligne, debut).toString();
     while (visible.endsWith(u' ')) visible.chop(1);
     if (visible.trimmed().isEmpty()) return {};
     int largeur = qMin(bords[fin + 1], viewport()->width()) - bords[debut] - 2 * kMarge;
@@ -377,18 +377,19 @@ void MyCoolGrid::peindreLigne(QPainter &p, int ligne, const QRect &rect, const i
     const bool fusion = g.MergeRow(ligne);
     for (int c = 0; c < kColonnesPeintes;) {
         const Cellule &cel = g.cellule(ligne, c);
+        const QStringView texte = g.texte(ligne, c);
         int fin = c;
         // Equal texts side by side show as one cell, with the first cell's look.
-        if (fusion && !cel.texte.isEmpty())
-            while (fin + 1 < kColonnesPeintes && g.cellule(ligne, fin + 1).texte == cel.texte) ++fin;
+        if (fusion && !texte.isEmpty())
+            while (fin + 1 < kColonnesPeintes && g.texte(ligne, fin + 1) == texte) ++fin;
         // Cut at the right edge, so that the last column's text ends in an ellipsis in view.
         const QRect zone = QRect(rect.left() + bords[c], rect.top(), bords[fin + 1] - bords[c], rect.height()).intersected(rect);
-        if (!zone.isEmpty()) peindreCellule(p, cel, zone, bandeLigne);
+        if (!zone.isEmpty()) peindreCellule(p, cel, texte, zone, bandeLigne);
         c = fin + 1;
     }
 }
 
-void MyCoolGrid::peindreCellule(QPainter &p, const Cellule &cel, const QRect &rect, int bandeLigne) {
+void MyCoolGrid::peindreCellule(QPainter &p, const Cellule &cel, QStringView texte, const QRect &rect, int bandeLigne) {
     const grille::Grille &g = cellules();
     p.save();
     p.setClipRect(rect, Qt::IntersectClip);
@@ -416,9 +417,10 @@ void MyCoolGrid::peindreCellule(QPainter &p, const Cellule &cel, const QRect &re
     }
 
     // Trailing blanks carry no ink, and would only push the ellipsis away.
-    QString texte = cel.texte;
-    while (texte.endsWith(u' ')) texte.chop(1);
-    if (!texte.isEmpty() && zoneTexte.width() > 0) {
+    QStringView encre = texte;
+    while (encre.endsWith(u' ')) encre.chop(1);
+    if (!encre.isEmpty() && zoneTexte.width() > 0) {
+        QString texte = encre.toString();
         const Police &police = policePour(cel);
         p.setFont(police.police);
         p.setPen(couleur(cel.couleurTexte));

@@ -69,7 +69,7 @@ private:
     void peindreLignes(QPainter &p, int premiere, int derniere, int decalage, const QRect &zone, const int *bords);
     void peindreLigne(QPainter &p, int ligne, const QRect &rect, const int *bords);
     // bandeLigne: the band picture under the whole row, 0 for none.
-    void peindreCellule(QPainter &p, const grille::Cellule &cel, const QRect &rect, int bandeLigne);
+    void peindreCellule(QPainter &p, const grille::Cellule &cel, QStringView texte, const QRect &rect, int bandeLigne);
     struct Police {
         QFont police;
         QFontMetrics mesures;

@@ -22,10 +22,10 @@ QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool 
     // The cells are read where they lie, never copied: one comparison a row.
     const int fin = qMin(grille.NbLignes, g.Rows());
     for (int ligne = 2; ligne < fin; ++ligne) {
-        const bool dossier = g.cellule(ligne, kColonneType).texte == u'P';
+        const bool dossier = g.texte(ligne, kColonneType) == u'P';
         if (dossier != dossiers) continue;
-        const QString &cellule = g.cellule(ligne, colonne).texte;
-        if (motif.indexIn(cellule) >= 0) resultats.append({ligne, cellule});
+        const QStringView cellule = g.texte(ligne, colonne);
+        if (motif.indexIn(cellule) >= 0) resultats.append({ligne, cellule.toString()});
     }
     return resultats;
 }

@@ -198,6 +198,11 @@ QString Requete::texte(int colonne) const {
     return t ? QString::fromUtf8(t, sqlite3_column_bytes(stmt_, colonne)) : QString();
 }
 
+QByteArrayView Requete::texteUtf8(int colonne) const {
+    const auto *t = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, colonne));
+    return t ? QByteArrayView(t, sqlite3_column_bytes(stmt_, colonne)) : QByteArrayView();
+}
+
 QByteArray Requete::octets(int colonne) const {
     const void *b = sqlite3_column_blob(stmt_, colonne);
     return b ? QByteArray(static_cast<const char *>(b), sqlite3_column_bytes(stmt_, colonne)) : QByteArray();

@@ -3,6 +3,7 @@
 // No connection stays open between operations; each one opens, works and closes.
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <stdexcept>
 
@@ -69,6 +70,9 @@ public:
     int entier(int colonne) const;
     qint64 entierLong(int colonne) const;
     QString texte(int colonne) const;  // null reads as the empty text
+    // The UTF-8 bytes of a text column where the engine holds them: valid until the
+    // next row.
+    QByteArrayView texteUtf8(int colonne) const;
     QByteArray octets(int colonne) const;
 
 private:

@@ -241,26 +241,40 @@ QString MessageHorsAlphabet(const QString &texte) {
                           "sont refusés. Remplacez-les, puis recommencez.");
 }
 
-QString DecrypterChamp(const QString &texte) {
+namespace {
+// Deciphers n characters of any 16-bit or 8-bit unit, three at a time.
+template <typename Unite>
+QString dechiffrer(const Unite *d, qsizetype n) {
     const auto &index = Cryptage::indexDechiffrement();
     const auto &table = Cryptage::TableCodes();
-    const qsizetype n = texte.size();
-    const QChar *d = texte.constData();
     QString resultat(n, Qt::Uninitialized);
     QChar *sortie = resultat.data();
     qsizetype pos = 0;
     for (; pos + 3 <= n; pos += 3) {
-        const int ligne = index.ligne(d[pos].unicode(), d[pos + 1].unicode(), d[pos + 2].unicode());
+        const int ligne = index.ligne(char16_t(d[pos]), char16_t(d[pos + 1]), char16_t(d[pos + 2]));
         if (ligne >= 0) {
             *sortie++ = QChar(table[ligne].clair);
         } else {
-            *sortie++ = d[pos];
-            *sortie++ = d[pos + 1];
-            *sortie++ = d[pos + 2];
+            *sortie++ = QChar(char16_t(d[pos]));
+            *sortie++ = QChar(char16_t(d[pos + 1]));
+            *sortie++ = QChar(char16_t(d[pos + 2]));
         }
     }
     // A tail of one or two characters can match no code.
-    for (; pos < n; ++pos) *sortie++ = d[pos];
+    for (; pos < n; ++pos) *sortie++ = QChar(char16_t(d[pos]));
     resultat.truncate(sortie - resultat.constData());
     return resultat;
+}
+}  // namespace
+
+QString DecrypterChamp(const QString &texte) { return DecrypterChamp(QStringView(texte)); }
+
+QString DecrypterChamp(QStringView texte) { return dechiffrer(texte.utf16(), texte.size()); }
+
+QString DecrypterChamp(QByteArrayView utf8) {
+    // Stored text is ASCII but for characters the cipher passed through: those go
+    // through a proper decoding first.
+    for (const char c : utf8)
+        if (static_cast<unsigned char>(c) >= 0x80) return DecrypterChamp(QString::fromUtf8(utf8));
+    return dechiffrer(reinterpret_cast<const unsigned char *>(utf8.data()), utf8.size());
 }

@@ -3,6 +3,7 @@
 // by a three-character code. No key and no state: the same text always gives
 // the same stored text.
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -33,3 +34,6 @@ QString MessageHorsAlphabet(const QString &texte);
 // passes through as it stands, so text with characters outside the alphabet does
 // not round-trip: the stored text leaves the three-character grid there.
 QString DecrypterChamp(const QString &texte);
+QString DecrypterChamp(QStringView texte);
+// The same from the UTF-8 bytes of the base, without a copy of the stored text first.
+QString DecrypterChamp(QByteArrayView utf8);

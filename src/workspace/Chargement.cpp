@@ -18,6 +18,7 @@ namespace Chargement {
 
 namespace {
 constexpr int kChamps = 12;  // fields of a Documents row
+constexpr int kColonnesInfos = 16;  // grid columns 3 to 18
 
 // Puts the elements in French order of their text, blind to case, and to accents at
 // the first level ("École" before "zèbre"); equal texts keep the order they came in.
@@ -44,45 +45,61 @@ QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
     Requete r(c, "SELECT Num, Nom, rowid FROM Dossiers WHERE NumCompte=? ORDER BY Nom ASC, Num ASC");
     r.lier(1, numCompte);
     QList<Dossier> dossiers;
-    while (r.suivante()) dossiers.append({r.entier(0), r.entierLong(2), r.texte(1), {}});
+    while (r.suivante()) dossiers.append({r.entier(0), r.entierLong(2), r.texte(1)});
     trierEnFrancais(dossiers, [](const Dossier &d) { return d.nom; });
     return dossiers;
 }
 }  // namespace
 
-QList<Dossier> lireArbre(int numCompte) {
+void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
+               const std::function<void(int, QList<Document> &)> &recevoirDocuments) {
     Connexion c;
     QList<Dossier> dossiers = lireDossiers(c, numCompte);
     if (dossiers.isEmpty()) {
         GénérerDossiersDefaut(numCompte);
         dossiers = lireDossiers(c, numCompte);
     }
-
     QHash<int, int> indexDossier;
     for (int i = 0; i < dossiers.size(); ++i) indexDossier.insert(dossiers[i].num, i);
+    recevoirDossiers(dossiers);
 
-    // One pass over the account's documents, shared out to their folders, then each
-    // folder's put in the order of the titles as the user reads them, deciphered.
+    // One pass over the account's documents, folder after folder; each folder's put
+    // in the order of the titles as the user reads them, deciphered, and handed over.
     // Columns by name: a base with columns of its own added keeps the fields in place.
     Requete r(c, "SELECT NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin,"
                  " Remarques, Icone, rowid FROM Documents WHERE NumCompte=? ORDER BY NumDossier ASC, Num ASC");
     r.lier(1, numCompte);
-    const QString compte = QString::number(numCompte);
+    QList<Document> documents;
+    int indiceCourant = -1;
+    auto remettre = [&] {
+        if (indiceCourant < 0 || documents.isEmpty()) return;
+        trierEnFrancais(documents, [](const Document &d) { return d.infos.at(0); });
+        recevoirDocuments(indiceCourant, documents);
+        documents.clear();
+    };
+    int numDossierCourant = 0;
+    bool premier = true;
     while (r.suivante()) {
-        const auto it = indexDossier.constFind(r.entier(2));
-        if (it == indexDossier.constEnd()) continue;  // its folder is gone: nowhere to show it
+        const int numDossier = r.entier(2);
+        if (premier || numDossier != numDossierCourant) {
+            remettre();
+            premier = false;
+            numDossierCourant = numDossier;
+            indiceCourant = indexDossier.value(numDossier, -1);
+        }
+        if (indiceCourant < 0) continue;  // its folder is gone: nowhere to show it
         Document d;
-        d.infos.reserve(kChamps + 1);
-        for (int j = 3; j < kChamps; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texte(j)));
+        d.infos.reserve(kColonnesInfos);
+        for (int j = 3; j < kChamps - 1; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texteUtf8(j)));
         d.num = r.texte(1);
         d.dossier = r.texte(2);
         d.icone = r.entier(11);
         d.rowid = r.entierLong(kChamps);
-        d.infos << compte << d.num << d.dossier << QString();
-        dossiers[*it].documents.append(std::move(d));
+        d.infos.resize(kColonnesInfos - 1);
+        d.infos.append(QString::number(d.rowid));
+        documents.append(std::move(d));
     }
-    for (Dossier &dossier : dossiers) trierEnFrancais(dossier.documents, [](const Document &d) { return d.infos.at(0); });
-    return dossiers;
+    remettre();
 }
 
 }  // namespace Chargement

@@ -4,12 +4,14 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 namespace Chargement {
 
 struct Document {
-    // Fields 3 to 11 deciphered (empty where null), then the account, Num and
-    // NumDossier as text, and one unused element: what the grid receives per row.
+    // What the grid receives for the row from its column 3: the eight fields
+    // deciphered (empty where null), seven empty texts for the columns the grid
+    // fills itself, then the rowid for column 18.
     QStringList infos;
     int icone = 0;  // as stored; 0 means none
     QString num;
@@ -20,13 +22,16 @@ struct Document {
 struct Dossier {
     int num = 0;
     qint64 rowid = 0;
-    QString nom;                // as stored, without the grid's leading blank
-    QList<Document> documents;  // by title as shown, in French order
+    QString nom;  // as stored, without the grid's leading blank
 };
 
-// The folders of the account by name in French order, each with its documents. An account without
-// folders first receives a copy of the template folders.
-QList<Dossier> lireArbre(int numCompte);
+// Reads the account's tree: first its folders by name in French order, then the
+// documents of each folder by title in French order, one folder at a time and the
+// folders in no set order. Only one folder's documents are held at once, so that a
+// large account never lives twice in memory. An account without folders first
+// receives a copy of the template folders.
+void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
+               const std::function<void(int indiceDossier, QList<Document> &)> &recevoirDocuments);
 
 }  // namespace Chargement
 

@@ -29,21 +29,23 @@ void frmMain::ChargerTreeview(int numCompte) {
     NomDossierCourant.clear();
     MG->Redraw(false);
     try {
-        const QList<Chargement::Dossier> dossiers = Chargement::lireArbre(numCompte);
         const QString compte = QString::number(numCompte);
-        for (const Chargement::Dossier &d : dossiers) {
-            QVariant cle = QString::number(d.num);
-            MG->AddParent(QStringLiteral(" ") + d.nom, cle);
-            const int numero = NbDossiers++;
-            const int ligneDossier = MG->ligneParent(numero);
-            MG->definirRowid(ligneDossier, d.rowid);
-            for (const Chargement::Document &doc : d.documents) {
-                int parent = numero;
-                // A document without an icon shows the library's second one.
-                MG->AddFils(doc.infos, parent, doc.icone == 0 ? 2 : doc.icone, 0, compte, doc.num, doc.dossier);
-                MG->definirRowid(ligneDossier + 1, doc.rowid);
-            }
-        }
+        Chargement::lireArbre(
+            numCompte,
+            [this](const QList<Chargement::Dossier> &dossiers) {
+                for (const Chargement::Dossier &d : dossiers) {
+                    QVariant cle = QString::number(d.num);
+                    MG->AddParent(QStringLiteral(" ") + d.nom, cle);
+                    MG->definirRowid(MG->ligneParent(NbDossiers++), d.rowid);
+                }
+            },
+            [this, &compte](int indice, QList<Chargement::Document> &documents) {
+                for (const Chargement::Document &doc : documents) {
+                    int parent = indice;
+                    // A document without an icon shows the library's second one.
+                    MG->AddFils(doc.infos, parent, doc.icone == 0 ? 2 : doc.icone, 0, compte, doc.num, doc.dossier);
+                }
+            });
     } catch (const Base::ErreurBase &e) {
         if (!chargementMuet_) Messages::information(e.message());
     }

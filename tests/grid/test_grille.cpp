@@ -13,7 +13,7 @@ void comparer(const Grille &g, const std::vector<QString> &noms, const std::vect
     ASSERT_EQ(g.Rows(), int(noms.size()));
     int haut = 0;
     for (int r = 0; r < g.Rows(); ++r) {
-        ASSERT_EQ(g.cellule(r, 3).texte, noms[size_t(r)]) << "row " << r;
+        ASSERT_EQ(g.texte(r, 3).toString(), noms[size_t(r)]) << "row " << r;
         ASSERT_EQ(g.hautPixels(r), haut) << "row " << r;
         const int h = Grille::enPixels(hauteurs[size_t(r)]);
         for (int y = haut; y < haut + h; ++y) ASSERT_EQ(g.ligneAuPixel(y), r) << "y " << y;
@@ -39,7 +39,7 @@ TEST(Grille, LignesEtPixelsSuiventToutesLesOperations) {
         if (choix < 5 || rows == 0) {
             const int position = choix < 3 ? rows / 2 : int(hasard.bounded(rows + 1));
             g.AddItem(position);
-            g.cellule(position, 3).texte = QString::number(tour);
+            g.definirTexte(position, 3, QString::number(tour));
             noms.insert(noms.begin() + position, QString::number(tour));
             hauteurs.insert(hauteurs.begin() + position, grille::kHauteurDefaut);
         } else if (choix < 7) {
