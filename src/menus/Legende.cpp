@@ -20,25 +20,53 @@ constexpr QStringView kDrapeaux[] = {u"Raised",      u"Bold",   u"Italic",  u"Un
 
 bool memeMot(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
 
-// Where avant + cle first stands in s, ignoring case; -1 if nowhere.
-qsizetype trouverApres(QStringView s, QStringView cle, QChar avant) {
-    qsizetype depuis = 1;
-    for (;;) {
-        const qsizetype i = s.indexOf(cle, depuis, Qt::CaseInsensitive);
-        if (i < 0) return -1;
-        if (s[i - 1] == avant) return i - 1;
-        depuis = i + 1;
-        if (depuis > s.size()) return -1;
-    }
+// One UTF-16 unit without its case; ASCII, by far the most common, without a table.
+inline char16_t plie(char16_t c) {
+    if (c < 128) return c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c;
+    return char16_t(QChar::toCaseFolded(char32_t(c)));
 }
 
-// The first of "|" + cle, "{" + cle and, when deuxPointsAussi, ":" + cle, in that
-// order of preference.
+// s holds cle at pos, ignoring case.
+bool debutEgal(QStringView s, qsizetype pos, QStringView cle) {
+    if (pos + cle.size() > s.size()) return false;
+    for (qsizetype k = 0; k < cle.size(); ++k)
+        if (plie(s[pos + k].unicode()) != plie(cle[k].unicode())) return false;
+    return true;
+}
+
+// Where "|" + cle first stands in s, else "{" + cle, else, when deuxPointsAussi,
+// ":" + cle; -1 if nowhere. One pass that compares only after a delimiter: the
+// searches run for every attribute of every item of a menu.
 qsizetype trouverCle(QStringView s, QStringView cle, bool deuxPointsAussi) {
-    qsizetype h = trouverApres(s, cle, u'|');
-    if (h < 0) h = trouverApres(s, cle, u'{');
-    if (h < 0 && deuxPointsAussi) h = trouverApres(s, cle, u':');
-    return h;
+    qsizetype accolade = -1, deuxPoints = -1;
+    for (qsizetype i = 0; i < s.size(); ++i) {
+        const QChar c = s[i];
+        if (c != u'|' && c != u'{' && (c != u':' || !deuxPointsAussi)) continue;
+        if (!debutEgal(s, i + 1, cle)) continue;
+        if (c == u'|') return i;
+        if (c == u'{' && accolade < 0) accolade = i;
+        if (c == u':' && deuxPoints < 0) deuxPoints = i;
+    }
+    return accolade >= 0 ? accolade : deuxPoints;
+}
+
+// s less every copy of motif (not empty), ignoring case, in one pass from the left.
+QString sansMotif(QStringView s, QStringView motif) {
+    const char16_t premier = plie(motif[0].unicode());
+    QString r;
+    r.reserve(s.size());
+    qsizetype copie = 0;  // start of what is still to copy
+    for (qsizetype i = 0; i + motif.size() <= s.size();) {
+        if (plie(s[i].unicode()) == premier && debutEgal(s, i, motif)) {
+            r.append(s.mid(copie, i - copie));
+            i += motif.size();
+            copie = i;
+        } else {
+            ++i;
+        }
+    }
+    r.append(s.mid(copie));
+    return r;
 }
 
 // The token that begins just after the delimiter at h: up to the next "|" searched
@@ -72,7 +100,7 @@ void SepareLegende(const QString &legende, QString &texte, QString &bloc, QStrin
     }
     const QStringView tranche = partie.mid(ouvre, ferme - ouvre + 1);
     // Every copy goes in one pass: "{a}{{a}a}" leaves "{a}" in the text.
-    texte = partie.toString().replace(tranche.toString(), QString(), Qt::CaseInsensitive).trimmed();
+    texte = sansMotif(partie, tranche).trimmed();
     bloc.reserve(tranche.size());
     bloc.append(tranche.chopped(1));
     bloc.append(u'|');
@@ -96,8 +124,7 @@ QString LireAttribut(const QString &bloc, const QString &cle) {
     } else {
         QStringView travail(bloc);
         if (avecTip) {
-            copie = bloc;
-            copie.replace(tip.toString(), QString(), Qt::CaseInsensitive);
+            copie = sansMotif(bloc, tip);
             travail = copie;
         }
         const qsizetype h = trouverCle(travail, cle, true);
