@@ -147,6 +147,41 @@ QString ExtraireTexteBarre(QString &bloc) {
     return valeur;
 }
 
+bool EstSeparateur(const QString &texte) { return texte.isEmpty() || texte.startsWith(u'-'); }
+
+QString DoublerEsperluettes(const QString &texte) {
+    return QString(texte).replace(QStringLiteral("& "), QStringLiteral("&& "));
+}
+
+ReferenceImage LireImage(const QString &valeur) {
+    ReferenceImage r;
+    const QStringView v = QStringView(valeur).trimmed();
+    if (v.isEmpty()) return r;
+    bool ok = false;
+    if (const qint64 n = v.toLongLong(&ok); ok) {
+        r.genre = ReferenceImage::Genre::Numero;
+        r.numero = n;
+    } else if (const qint64 n = v.mid(1).toLongLong(&ok); (v[0] == u'I' || v[0] == u'i') && ok) {
+        r.genre = ReferenceImage::Genre::ListeImages;
+        r.numero = n;
+    } else if (const qint64 n = v.mid(2).toLongLong(&ok, 16); v.startsWith(u"&H", Qt::CaseInsensitive) && ok) {
+        r.genre = ReferenceImage::Genre::Numero;
+        r.numero = n;
+    } else {
+        r.genre = ReferenceImage::Genre::Controle;
+        r.nom = v.toString();
+        const qsizetype ouvre = v.indexOf(u'(');
+        if (ouvre > 0 && v.endsWith(u')')) {
+            const int index = v.mid(ouvre + 1, v.size() - ouvre - 2).toInt(&ok);
+            if (ok) {
+                r.nom = v.left(ouvre).toString();
+                r.index = index;
+            }
+        }
+    }
+    return r;
+}
+
 namespace {
 
 struct CouleurNommee {

@@ -34,6 +34,27 @@ QString LireAttribut(const QString &bloc, const QString &cle);
 // Answers as LireAttribut(bloc, "Text:").
 QString ExtraireTexteBarre(QString &bloc);
 
+// A separator is a caption whose text begins with "-" or is empty; the rest of the
+// text is its title ("-First Quarter{Raised}" is a titled raised bar).
+bool EstSeparateur(const QString &texte);
+// "& " doubled to "&& ", so that an ampersand before a blank shows as an ampersand and
+// not as a mnemonic mark.
+QString DoublerEsperluettes(const QString &texte);
+
+// What the value of IMG: names, by the first of its forms that fits: a plain number
+// (an image of the program by that number), "I" and a number (picture n of the menu's
+// image list, from 1; the engine checks it against the list), "&H" and hexadecimal
+// digits (as a plain number), or the name of a control of the owning window, with an
+// optional index in parentheses ("ImTool(1)"). The empty value names nothing.
+struct ReferenceImage {
+    enum class Genre { Aucune, Numero, ListeImages, Controle };
+    Genre genre = Genre::Aucune;
+    qint64 numero = 0;  // Numero and ListeImages
+    QString nom;        // Controle
+    int index = -1;     // Controle: the index in parentheses, -1 without one
+};
+ReferenceImage LireImage(const QString &valeur);
+
 // Colours are 32-bit numbers, red in the low byte, then green, then blue. A number
 // with the top bit set names a system colour: its low byte is the index of the table
 // of CouleurReelle.

@@ -86,6 +86,31 @@ TEST(Legende, LeTexteDeLaBarreNEstPasLu) {
     EXPECT_EQ(LireCouleur(LireAttribut(defaut, QStringLiteral("BColor:")), -1), 12615680);
 }
 
+TEST(Legende, ImagesSeparateursEtEsperluettes) {
+    using G = ReferenceImage::Genre;
+    const struct {
+        const char *valeur;
+        G genre;
+        qint64 numero;
+        const char *nom;
+        int index;
+    } cas[] = {
+        {"1234", G::Numero, 1234, "", -1},        {"i12", G::ListeImages, 12, "", -1},
+        {"I3", G::ListeImages, 3, "", -1},        {"&H1F", G::Numero, 31, "", -1},
+        {"ImTool(1)", G::Controle, 0, "ImTool", 1}, {"Image", G::Controle, 0, "Image", -1},
+        {"Im(x)", G::Controle, 0, "Im(x)", -1},   {"", G::Aucune, 0, "", -1},
+    };
+    for (const auto &c : cas) {
+        const ReferenceImage r = LireImage(QString::fromUtf8(c.valeur));
+        EXPECT_EQ(r.genre, c.genre) << c.valeur;
+        EXPECT_EQ(r.numero, c.numero) << c.valeur;
+        EXPECT_EQ(r.nom, QString::fromUtf8(c.nom)) << c.valeur;
+        EXPECT_EQ(r.index, c.index) << c.valeur;
+    }
+    EXPECT_TRUE(EstSeparateur("") && EstSeparateur("-First Quarter") && !EstSeparateur("Ouvrir -"));
+    EXPECT_EQ(DoublerEsperluettes("Pierre & Paul &Fichier"), "Pierre && Paul &Fichier");
+}
+
 TEST(Legende, Couleurs) {
     QPalette palette = QApplication::palette();
     const QPalette avant = palette;
