@@ -145,7 +145,7 @@ TEST(Legende, CaptionsAuHasardTiennentLesRegles) {
                                 "IMG:i3", "Text:", "é", "&", "-", "a", "B", "\n", "{a}", "|Tip:", "Boldly"};
     const QString cles[] = {"Bold", "Tip:", "FSize:", "IMG:", "Raised", "Text:", "a", "{", "|", ":", "x:y", ""};
     QRandomGenerator hasard(20240613);
-    for (int i = 0; i < 1000000; ++i) {
+    for (int i = 0; i < 2000000; ++i) {
         QString legende;
         const int n = int(hasard.bounded(14));
         for (int k = 0; k < n; ++k) legende += morceaux[hasard.bounded(int(std::size(morceaux)))];
