@@ -1,4 +1,4 @@
-# Korvane: make run | make test | make bench | make shots | make sanitize
+# Korvane: make run | make test | make bench | make shots | make sanitize | make fuzz
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
@@ -10,7 +10,11 @@ PACKAGES := cmake make g++ pkg-config \
 	xvfb xauth fonts-dejavu-core papirus-icon-theme \
 	xdg-utils shared-mime-info desktop-file-utils libfile-mimeinfo-perl
 
-.PHONY: all deps build run test bench shots sanitize clean
+# What only make fuzz needs: clang and its libFuzzer runtime.
+FUZZ_PACKAGES := clang libclang-rt-14-dev
+FUZZ_SECONDS ?= 120
+
+.PHONY: all deps build run test bench shots sanitize fuzz clean
 
 all: build
 
@@ -51,5 +55,15 @@ sanitize: deps
 	cd $(BUILD)-asan && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j$(JOBS)
 
+# The caption language under libFuzzer, ASan and UBSan for FUZZ_SECONDS; the corpus
+# grows in $(BUILD)-fuzz/corpus from the seeds in fuzz/graines.
+fuzz:
+	$(MAKE) deps PACKAGES="$(PACKAGES) $(FUZZ_PACKAGES)"
+	cmake -S fuzz -B $(BUILD)-fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake --build $(BUILD)-fuzz -j$(JOBS)
+	mkdir -p $(BUILD)-fuzz/corpus
+	UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  $(BUILD)-fuzz/fuzz_legende -max_total_time=$(FUZZ_SECONDS) -dict=fuzz/legende.dict -print_final_stats=1 $(BUILD)-fuzz/corpus fuzz/graines
+
 clean:
-	rm -rf $(BUILD) $(BUILD)-asan
+	rm -rf $(BUILD) $(BUILD)-asan $(BUILD)-fuzz

@@ -43,16 +43,19 @@ QString enregistrer(QWidget *parent, const QString &description, const QString &
     return choisir(parent, description, motif, QFileDialog::AcceptSave);
 }
 
-int couleur(QWidget *parent, int initiale) {
+std::optional<int> couleurConfirmee(QWidget *parent, int initiale) {
     if (etat().actif) {
         const int choix = etat().couleurs.isEmpty() ? -1 : etat().couleurs.takeFirst();
-        return choix < 0 ? initiale : choix;
+        if (choix < 0) return std::nullopt;
+        return choix;
     }
     const QColor depart(initiale & 0xff, (initiale >> 8) & 0xff, (initiale >> 16) & 0xff);
     const QColor choisie = QColorDialog::getColor(depart, parent, Messages::kTitre);
-    if (!choisie.isValid()) return initiale;
+    if (!choisie.isValid()) return std::nullopt;
     return choisie.red() | (choisie.green() << 8) | (choisie.blue() << 16);
 }
+
+int couleur(QWidget *parent, int initiale) { return couleurConfirmee(parent, initiale).value_or(initiale); }
 
 void preparerPourTests() {
     etat().actif = true;

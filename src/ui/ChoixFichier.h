@@ -6,6 +6,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <optional>
+
 class QWidget;
 
 namespace ChoixFichier {
@@ -18,6 +20,8 @@ QString enregistrer(QWidget *parent, const QString &description, const QString &
 
 // A colour (red in the low byte) chosen from initiale; a cancel gives initiale back.
 int couleur(QWidget *parent, int initiale);
+// The same, for a caller that must tell a cancel from a confirmed choice.
+std::optional<int> couleurConfirmee(QWidget *parent, int initiale);
 
 // Test hooks: once prepared, no dialog is shown; each call takes the next prepared
 // answer (an empty one is a cancel, as is none left) and records its filter.
