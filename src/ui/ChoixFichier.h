@@ -13,6 +13,8 @@ namespace ChoixFichier {
 // The chosen path, or the empty text when the user cancelled. filtre is the
 // description shown and the pattern, e.g. "Les bases de Korvane" and "*.kvx".
 QString ouvrir(QWidget *parent, const QString &description, const QString &motif);
+// The same with several filters, each "description (patterns)", the first shown first.
+QString ouvrir(QWidget *parent, const QStringList &filtres);
 // The same for a file to write; a name typed without the pattern's suffix gets it.
 QString enregistrer(QWidget *parent, const QString &description, const QString &motif);
 
@@ -20,7 +22,8 @@ QString enregistrer(QWidget *parent, const QString &description, const QString &
 int couleur(QWidget *parent, int initiale);
 
 // Test hooks: once prepared, no dialog is shown; each call takes the next prepared
-// answer (an empty one is a cancel, as is none left) and records its filter.
+// answer (an empty one is a cancel, as is none left) and records its filters,
+// joined by ";;" when there are several.
 void preparerPourTests();
 void prevoirReponses(const QStringList &chemins);
 QStringList filtresDemandes();  // since the last call, then emptied
