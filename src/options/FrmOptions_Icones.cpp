@@ -71,15 +71,15 @@ void FrmOptions::creerPageIcones() {
     ListeIcones->setMovement(QListView::Static);  // a place is a number that documents keep
     ListeIcones->setResizeMode(QListView::Adjust);
     ListeIcones->setIconSize(QSize(IconesStock::kCote, IconesStock::kCote));
-    ListeIcones->setGridSize(QSize(98, 50));
+    ListeIcones->setGridSize(QSize(104, 56));
     ListeIcones->setWordWrap(true);
-    ListeIcones->setUniformItemSizes(true);
     ListeIcones->setSelectionMode(QAbstractItemView::SingleSelection);
     ListeIcones->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                                  QAbstractItemView::SelectedClicked);
     ListeIcones->setStyleSheet(QStringLiteral(
         "QListWidget { background: #ffffff; border: 1px solid #8c98b0; color: #1f2a44; }"
-        "QListWidget::item:selected { background: #f6e3b4; color: #1f2a44; border: 1px solid #e0a526; }"));
+        "QListWidget::item { border: 1px solid transparent; border-radius: 3px; padding: 2px; }"
+        "QListWidget::item:selected { background: #f6e3b4; color: #1f2a44; border-color: #e0a526; }"));
     delegueLibelle_ = new DelegueLibelle(ListeIcones);
     ListeIcones->setItemDelegate(delegueLibelle_);
     connect(ListeIcones, &QListWidget::itemChanged, this, &FrmOptions::renommerIcone);

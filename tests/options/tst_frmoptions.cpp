@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTextBrowser>
 #include <functional>
@@ -176,6 +177,7 @@ private slots:
         options([&](FrmOptions *o) {
             QListWidget *liste = o->ListeIcones;
             QCOMPARE(liste->item(6)->text(), QStringLiteral("Coffre-fort"));
+            QSignalSpy changements(o, &FrmOptions::IconesModifiees);
             // Icon 2 renamed in place (F2 then Enter), icon 3 given another picture.
             liste->setCurrentRow(1);
             QTest::keyClick(liste, Qt::Key_F2);
@@ -190,6 +192,7 @@ private slots:
             QCOMPARE(f->MG->imagesContenu().nombre(), 6);  // the grid waits for "Valider"
             QTest::mouseClick(o->ValDivers[2], Qt::LeftButton);
             QVERIFY(!o->ValDivers[2]->estEnfonce());
+            QCOMPARE(changements.count(), 3);  // the name, the picture, the save
         });
         QStringList attendus = stock;
         attendus[1] = QStringLiteral("Programmes");
