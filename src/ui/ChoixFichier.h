@@ -13,10 +13,10 @@ namespace ChoixFichier {
 // The chosen path, or the empty text when the user cancelled. filtre is the
 // description shown and the pattern, e.g. "Les bases de Korvane" and "*.kvx".
 QString ouvrir(QWidget *parent, const QString &description, const QString &motif);
-// The same with several filters, each "description (patterns)", the first shown first.
-QString ouvrir(QWidget *parent, const QStringList &filtres);
 // The same for a file to write; a name typed without the pattern's suffix gets it.
 QString enregistrer(QWidget *parent, const QString &description, const QString &motif);
+// A file to open, with several filters, each "description (patterns)", the first shown first.
+QString ouvrir(QWidget *parent, const QStringList &filtres);
 
 // A colour (red in the low byte) chosen from initiale; a cancel gives initiale back.
 int couleur(QWidget *parent, int initiale);
