@@ -19,11 +19,14 @@
 #include <QLabel>
 #include "grid/MyCoolGrid.h"
 #include "grid/Apercu.h"
+#include "ui/Art.h"
 #include "ui/BoutonImage.h"
+#include "ui/ChoixFichier.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -148,6 +151,18 @@ int main(int argc, char *argv[]) {
         options.Onglets[i]->click();
         ok &= enregistrer(&options, sortie, QStringLiteral("options_%1").arg(i));
     }
+    // An icon added from a file of the user's, named as it comes.
+    const QString fichierIcone = programme.filePath(QStringLiteral("coffre.png"));
+    Art::pixmap(QStringLiteral("korvane"), QSize(64, 64)).save(fichierIcone);
+    ChoixFichier::preparerPourTests();
+    ChoixFichier::prevoirReponses({fichierIcone});
+    options.ValDivers[0]->click();
+    if (auto *nom = options.ListeIcones->findChild<QLineEdit *>()) {
+        nom->setText(QStringLiteral("Coffre-fort"));
+        QKeyEvent entree(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(nom, &entree);
+    }
+    ok &= enregistrer(&options, sortie, QStringLiteral("options_3_ajout"));
     options.close();
     principale->Boutons[7]->enfoncer();
     emit principale->Boutons[7]->clicked();

@@ -12,6 +12,24 @@ void ListeImages::ajouter(const QString &cle, const QImage &image, const QString
     ++generation_;
 }
 
+void ListeImages::remplacerImage(int numero, const QImage &image) {
+    if (!existe(numero)) return;
+    entrees_[numero - 1].image = image;
+    ++generation_;
+}
+
+void ListeImages::definirTag(int numero, const QString &tag) {
+    if (!existe(numero)) return;
+    entrees_[numero - 1].tag = tag;
+    ++generation_;
+}
+
+int ListeImages::numeroSuivant() const {
+    int plusGrand = 0;
+    for (const Entree &e : entrees_) plusGrand = qMax(plusGrand, e.cle.mid(2).toInt());
+    return plusGrand + 1;
+}
+
 bool ListeImages::chargerBase() {
     vider();
     try {

@@ -17,6 +17,9 @@ public:
 
     void vider();
     void ajouter(const QString &cle, const QImage &image, const QString &tag = QString());
+    // The picture or the tag of an icon in place: its key and its number stay.
+    void remplacerImage(int numero, const QImage &image);
+    void definirTag(int numero, const QString &tag);
     int nombre() const { return int(entrees_.size()); }
     bool existe(int numero) const { return numero >= 1 && numero <= nombre(); }
     // nullptr for a number the list lacks.
@@ -28,6 +31,10 @@ public:
     // the numbers of the icons after it stay right. False, and the list empty,
     // when the base can't be read.
     bool chargerBase();
+
+    // The Num a new icon takes: one past the greatest of the keys, so that it comes
+    // last in the order of Num and never meets a row of the base.
+    int numeroSuivant() const;
 
     // Goes up at each change, for whoever keeps copies of the pictures.
     quint64 generation() const { return generation_; }

@@ -45,7 +45,6 @@ const QRect kPage(8, kHautOnglets + 6, kLargeurContenu - 16, kHautContenu - kHau
 const Reglages::Cle kClesCouleurs[6] = {Reglages::Cle::Backcolor,      Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
                                          Reglages::Cle::CouleurParent, Reglages::Cle::CouleurFils,  Reglages::Cle::CouleurSelection};
 
-const QString kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
 // Options and check boxes drawn in the program's colours, their mark always visible.
 const QString kStyleChoix = QStringLiteral(
     "QRadioButton, QCheckBox { color: #1f2a44; font-weight: bold; background: transparent; spacing: 8px; }"
@@ -55,14 +54,17 @@ const QString kStyleChoix = QStringLiteral(
     "QCheckBox::indicator:checked { background: #e0a526; }"
     "QRadioButton:focus, QCheckBox:focus { text-decoration: underline; }");
 
-BoutonImage *boutonTexte(QWidget *parent, const QString &texte) {
-    auto *b = new BoutonImage(parent);
+}  // namespace
+
+const QString FrmOptions::kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
+
+BoutonImage *FrmOptions::boutonTexte(QWidget *page, const QString &texte) {
+    auto *b = new BoutonImage(page);
     b->definirArt(QStringLiteral("ok"), QSize(22, 22));
     b->setText(texte);
     b->setFocusPolicy(Qt::StrongFocus);
     return b;
 }
-}  // namespace
 
 FrmOptions::FrmOptions(frmMain *principale) : FenetreDialogue(principale) {
     setObjectName(QStringLiteral("FrmOptions"));
@@ -166,11 +168,7 @@ void FrmOptions::creerPages() {
     connect(OInterface[0], &QAbstractButton::clicked, this, [this] { clicOInterface(); });
     chargerCouleurs();
 
-    // The icon library's page; its content comes with the library's window.
-    L[7] = new QLabel(Chaine(944), P[3]);
-    L[7]->setStyleSheet(kStyleLibelle);
-    L[7]->setGeometry(16, 16, 400, 28);
-    activerDeplacement(L[7]);
+    creerPageIcones();
 }
 
 int FrmOptions::pageCourante() const { return page_; }

@@ -8,8 +8,12 @@
 
 #include <array>
 
+class DelegueLibelle;
 class QCheckBox;
+class QImage;
 class QLabel;
+class QListWidget;
+class QListWidgetItem;
 class QRadioButton;
 class QTextBrowser;
 
@@ -40,13 +44,31 @@ public:
     std::array<Echantillon *, 6> OCoul{};
     std::array<QLabel *, 8> L{};  // 1 the heading; 0 and 2 to 6 name the colours; 7 the icon page
     std::array<BoutonImage *, 1> OInterface{};
+    QListWidget *ListeIcones = nullptr;  // the main window's icon library, in its order
+    std::array<BoutonImage *, 3> ValDivers{};  // "Ajouter", "Modifier", "Valider" of the icons
+
+    // The list takes the main window's icon library again.
+    void ChargerIcones();
+    // Writes the whole library to the base; false, with the reason told, when it can't.
+    bool MajIcones();
 
     int pageCourante() const;
     // The sample's colours as stored (red in the low byte).
     int couleurFond(int echantillon) const;
     int couleurTexte(int echantillon) const;
 
+signals:
+    // The main window's icon library changed: a picture, a name, an icon added, or the save.
+    void IconesModifiees();
+
+protected:
+    void hideEvent(QHideEvent *e) override;
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
 private:
+    // A page's button: the confirm picture and its caption, reachable by Tab.
+    static BoutonImage *boutonTexte(QWidget *page, const QString &texte);
+    static const QString kStyleLibelle;  // the labels of the pages
     void creerPages();
     void clicOnglet(int index);
     void choisirExport(int index);
@@ -55,5 +77,18 @@ private:
     void clicCouleur(int index);
     void clicOInterface();
     void chargerCouleurs();
+    void creerPageIcones();
+    void clicValDivers(int index);
+    void ajouterIcone();
+    void modifierIcone();
+    void validerIcones();
+    // The picture of a file the user chooses, resampled for the library; null when
+    // the user cancelled or the file was refused (and told why).
+    QImage choisirImage();
+    void renommerIcone(QListWidgetItem *item);
+    // The library in memory changed (or was saved): said on the page, and signalled.
+    void marquerIcones(bool enregistrees);
     int page_ = 0;
+    DelegueLibelle *delegueLibelle_ = nullptr;
+    QLabel *etatIcones_ = nullptr;
 };

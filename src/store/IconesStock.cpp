@@ -7,9 +7,15 @@
 
 namespace IconesStock {
 
-namespace {
-constexpr int kCote = 32;
+QByteArray octetsPng(const QImage &image) {
+    QByteArray octets;
+    QBuffer tampon(&octets);
+    tampon.open(QIODevice::WriteOnly);
+    image.save(&tampon, "PNG");
+    return octets;
+}
 
+namespace {
 QByteArray pngDepuisSvg(const QString &ressource) {
     QSvgRenderer rendu(ressource);
     QImage image(kCote, kCote, QImage::Format_ARGB32_Premultiplied);
@@ -18,11 +24,7 @@ QByteArray pngDepuisSvg(const QString &ressource) {
         QPainter p(&image);
         rendu.render(&p);
     }
-    QByteArray octets;
-    QBuffer tampon(&octets);
-    tampon.open(QIODevice::WriteOnly);
-    image.save(&tampon, "PNG");
-    return octets;
+    return octetsPng(image);
 }
 }  // namespace
 

@@ -19,13 +19,15 @@ EtatTest &etat() {
     return e;
 }
 
-QString choisir(QWidget *parent, const QString &description, const QString &motif, QFileDialog::AcceptMode mode) {
-    const QString filtre = QStringLiteral("%1 (%2)").arg(description, motif);
+// filtres: each "description (patterns)", the first shown at first; a name typed
+// without a suffix takes the one of motif, when it is a single pattern.
+QString choisir(QWidget *parent, const QStringList &filtres, const QString &motif, QFileDialog::AcceptMode mode) {
     if (etat().actif) {
-        etat().filtres.append(filtre);
+        etat().filtres.append(filtres.join(QStringLiteral(";;")));
         return etat().reponses.isEmpty() ? QString() : etat().reponses.takeFirst();
     }
-    QFileDialog dialogue(parent, Messages::kTitre, QString(), filtre);
+    QFileDialog dialogue(parent, Messages::kTitre);
+    dialogue.setNameFilters(filtres);
     dialogue.setAcceptMode(mode);
     dialogue.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     const QString suffixe = motif.section(u'.', -1);
@@ -33,14 +35,18 @@ QString choisir(QWidget *parent, const QString &description, const QString &moti
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return {};
     return dialogue.selectedFiles().constFirst();
 }
+
+QString filtre(const QString &description, const QString &motif) { return QStringLiteral("%1 (%2)").arg(description, motif); }
 }  // namespace
 
 QString ouvrir(QWidget *parent, const QString &description, const QString &motif) {
-    return choisir(parent, description, motif, QFileDialog::AcceptOpen);
+    return choisir(parent, {filtre(description, motif)}, motif, QFileDialog::AcceptOpen);
 }
 
+QString ouvrir(QWidget *parent, const QStringList &filtres) { return choisir(parent, filtres, QString(), QFileDialog::AcceptOpen); }
+
 QString enregistrer(QWidget *parent, const QString &description, const QString &motif) {
-    return choisir(parent, description, motif, QFileDialog::AcceptSave);
+    return choisir(parent, {filtre(description, motif)}, motif, QFileDialog::AcceptSave);
 }
 
 std::optional<int> couleurConfirmee(QWidget *parent, int initiale) {

@@ -17,6 +17,8 @@ namespace ChoixFichier {
 QString ouvrir(QWidget *parent, const QString &description, const QString &motif);
 // The same for a file to write; a name typed without the pattern's suffix gets it.
 QString enregistrer(QWidget *parent, const QString &description, const QString &motif);
+// A file to open, with several filters, each "description (patterns)", the first shown first.
+QString ouvrir(QWidget *parent, const QStringList &filtres);
 
 // A colour (red in the low byte) chosen from initiale; a cancel gives initiale back.
 int couleur(QWidget *parent, int initiale);
@@ -24,7 +26,8 @@ int couleur(QWidget *parent, int initiale);
 std::optional<int> couleurConfirmee(QWidget *parent, int initiale);
 
 // Test hooks: once prepared, no dialog is shown; each call takes the next prepared
-// answer (an empty one is a cancel, as is none left) and records its filter.
+// answer (an empty one is a cancel, as is none left) and records its filters,
+// joined by ";;" when there are several.
 void preparerPourTests();
 void prevoirReponses(const QStringList &chemins);
 QStringList filtresDemandes();  // since the last call, then emptied

@@ -1,6 +1,7 @@
 // The options window driven through its real controls, over a real base.
 
 #include "grid/MyCoolGrid.h"
+#include "options/Blit.h"
 #include "options/Exports.h"
 #include "options/FrmOptions.h"
 #include "support/PrincipaleTest.h"
@@ -9,7 +10,10 @@
 
 #include <QCheckBox>
 #include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTextBrowser>
 #include <functional>
@@ -31,6 +35,15 @@ class TestFrmOptions : public QObject {
         QFile fichier(chemin);
         return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
     }
+    // A picture file of the program's folder, of one colour.
+    QString image(const QString &nom, const QSize &taille, const QColor &couleur) {
+        QImage image(taille, QImage::Format_ARGB32);
+        image.fill(couleur);
+        const QString chemin = t->env->chemin(nom);
+        image.save(chemin);
+        return chemin;
+    }
+    static QStringList libelles() { return BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT Libelle FROM Icones ORDER BY Num")); }
 
 private slots:
     void init() {
@@ -109,6 +122,89 @@ private slots:
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 14737632);
             QCOMPARE(f->MG->cellules().BackColor, 0x112233);
         });
+    }
+
+    void iconesAjouteesRenommeesRemplaceesEnregistrees() {
+        BaseSql::executer(Chemins::cheminBase(),
+                          QStringLiteral("INSERT INTO Documents VALUES (1, 2, 10, 'Courriel', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 5)"));
+        f->MG->Clear();
+        f->ChargerMG();
+        const int ligne = f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("2"));
+        QCOMPARE(f->MG->imageColonne1(ligne).numero, 5);
+        const QImage email = f->imgCONTENU.image(5);
+        const QStringList stock = libelles();
+        const QString casse = t->env->chemin(QStringLiteral("casse.png"));
+        QFile(casse).open(QIODevice::WriteOnly);
+        const QString filtres = QStringLiteral("Fichiers icones (*.ico);;Images (*.png *.svg *.xpm *.bmp *.gif *.jpg *.jpeg)");
+
+        options([&](FrmOptions *o) {
+            QTest::mouseClick(o->Onglets[3], Qt::LeftButton);
+            QListWidget *liste = o->ListeIcones;
+            QCOMPARE(liste->count(), 6);
+            QCOMPARE(liste->item(5)->text(), stock.at(5));
+            // A cancel, a file that is no picture, "Modifier" with nothing selected:
+            // nothing changes, the last one asks for no file, every button comes up.
+            const quint64 generation = f->imgCONTENU.generation();
+            ChoixFichier::prevoirReponses({QString(), casse});
+            for (int b : {0, 0, 1}) QTest::mouseClick(o->ValDivers[b], Qt::LeftButton);
+            QCOMPARE(ChoixFichier::filtresDemandes(), (QStringList{filtres, filtres}));
+            const QStringList messages = Messages::affiches();
+            QCOMPARE(messages.size(), 2);
+            QVERIFY(messages[0].contains(QStringLiteral("« casse.png »")));
+            QVERIFY(messages[1].startsWith(QStringLiteral("Sélectionnez d'abord l'icône")));
+            QCOMPARE(f->imgCONTENU.generation(), generation);
+            for (BoutonImage *b : o->ValDivers) QVERIFY(!b->estEnfonce());
+            // Delete is refused with its reason.
+            QTest::keyClick(liste, Qt::Key_Delete);
+            QCOMPARE(Messages::affiches().size(), 1);
+            QCOMPARE(liste->count(), 6);
+
+            // An icon added is named at once; the window goes while the name is typed.
+            ChoixFichier::prevoirReponses({image(QStringLiteral("rouge.png"), QSize(40, 25), Qt::red)});
+            QTest::keyClick(liste, Qt::Key_Insert);
+            QCOMPARE(liste->count(), 7);
+            QLineEdit *editeur = liste->findChild<QLineEdit *>();
+            QVERIFY(editeur && editeur->isVisible());
+            QTest::keyClicks(editeur, QStringLiteral("Coffre-fort"));
+        });
+        // Kept in memory for the run, not in the base, and closing asked nothing.
+        QCOMPARE(f->imgCONTENU.nombre(), 7);
+        QCOMPARE(f->imgCONTENU.entree(7)->tag, QStringLiteral("Coffre-fort"));
+        QCOMPARE(f->imgCONTENU.image(7).size(), QSize(18, 18));
+        QCOMPARE(libelles(), stock);
+        QVERIFY(Messages::affiches().isEmpty());
+
+        options([&](FrmOptions *o) {
+            QListWidget *liste = o->ListeIcones;
+            QCOMPARE(liste->item(6)->text(), QStringLiteral("Coffre-fort"));
+            QSignalSpy changements(o, &FrmOptions::IconesModifiees);
+            // Icon 2 renamed in place (F2 then Enter), icon 3 given another picture.
+            liste->setCurrentRow(1);
+            QTest::keyClick(liste, Qt::Key_F2);
+            QLineEdit *editeur = liste->findChild<QLineEdit *>();
+            QTest::keyClicks(editeur, QStringLiteral("Programmes"));
+            QTest::keyClick(editeur, Qt::Key_Return);
+            liste->setCurrentRow(2);
+            ChoixFichier::prevoirReponses({image(QStringLiteral("bleu.bmp"), QSize(16, 16), Qt::blue)});
+            QTest::mouseClick(o->ValDivers[1], Qt::LeftButton);
+            QCOMPARE(f->imgCONTENU.image(3).pixel(9, 9), qRgb(0, 0, 255));
+            QCOMPARE(liste->count(), 7);
+            QCOMPARE(f->MG->imagesContenu().nombre(), 6);  // the grid waits for "Valider"
+            QTest::mouseClick(o->ValDivers[2], Qt::LeftButton);
+            QVERIFY(!o->ValDivers[2]->estEnfonce());
+            QCOMPARE(changements.count(), 3);  // the name, the picture, the save
+        });
+        QStringList attendus = stock;
+        attendus[1] = QStringLiteral("Programmes");
+        attendus << QStringLiteral("Coffre-fort");
+        QCOMPARE(libelles(), attendus);
+        QCOMPARE(BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT max(Num) FROM Icones")), QStringList{"7"});
+        // The grid has the new library, and the document keeps its icon 5.
+        const ListeImages &grille = f->MG->imagesContenu();
+        QCOMPARE(grille.nombre(), 7);
+        QCOMPARE(grille.image(3).pixel(9, 9), qRgb(0, 0, 255));
+        QCOMPARE(f->MG->imageColonne1(ligne).numero, 5);
+        QCOMPARE(grille.image(5), Blit::AjusterImage(email));
     }
 };
 

@@ -1,0 +1,58 @@
+#include "BibliothequeIcones.h"
+
+#include "Blit.h"
+#include "grid/ListeImages.h"
+#include "store/Base.h"
+#include "store/IconesStock.h"
+
+#include <QImageReader>
+#include <QList>
+
+#include <limits>
+
+namespace BibliothequeIcones {
+
+QImage chargerFichier(const QString &chemin) {
+    QImageReader lecteur(chemin);
+    lecteur.setDecideFormatFromContent(true);
+    // An icon file holds several sizes: the smallest that still covers the square
+    // loses least in the resampling; failing one, the largest.
+    const auto rang = [](const QImage &image) {
+        const int cote = qMin(image.width(), image.height());
+        return cote >= IconesStock::kCote ? cote : std::numeric_limits<int>::max() - cote;
+    };
+    QImage meilleure;
+    for (int i = 0, n = qMax(1, lecteur.imageCount()); i < n; ++i) {
+        if (i > 0 && !lecteur.jumpToImage(i)) break;
+        const QImage image = lecteur.read();
+        if (!image.isNull() && (meilleure.isNull() || rang(image) < rang(meilleure))) meilleure = image;
+    }
+    return meilleure;
+}
+
+void MajIcones(ListeImages &liste) {
+    QList<QImage> ajustees;
+    ajustees.reserve(liste.nombre());
+    Base::Connexion c;
+    c.debutTransaction();
+    for (int i = 1; i <= liste.nombre(); ++i) {
+        const ListeImages::Entree *e = liste.entree(i);
+        bool numerique = false;
+        const int num = e->cle.mid(2).toInt(&numerique);
+        ajustees.append(Blit::AjusterImage(e->image));
+        if (!numerique) continue;  // a row without a Num can't be told from another
+        if (e->image.isNull()) {
+            Base::Requete(c, "UPDATE Icones SET Libelle = ? WHERE Num = ?").lier(1, e->tag).lier(2, num).executer();
+            continue;
+        }
+        const QByteArray octets = IconesStock::octetsPng(ajustees.constLast());
+        Base::Requete(c, "UPDATE Icones SET ico = ?, Libelle = ? WHERE Num = ?").lierOctets(1, octets).lier(2, e->tag).lier(3, num).executer();
+        if (c.changements() == 0)
+            Base::Requete(c, "INSERT INTO Icones (Num, ico, Libelle) VALUES (?, ?, ?)").lier(1, num).lierOctets(2, octets).lier(3, e->tag).executer();
+    }
+    c.valider();
+    for (int i = 1; i <= liste.nombre(); ++i)
+        if (!ajustees[i - 1].isNull()) liste.remplacerImage(i, ajustees[i - 1]);
+}
+
+}  // namespace BibliothequeIcones
