@@ -92,6 +92,15 @@ void Grille::definirTextes(int l, int premiere, const QStringView *textes, int n
     r.textes = std::move(nouveaux);
 }
 
+void Grille::reordonner(const std::vector<int> &ancienne) {
+    if (ancienne.size() != size_t(Rows())) return;
+    deplacerTrou(size_t(Rows()));
+    std::vector<PtrLigne> nouveau(stockage_.size());
+    for (size_t i = 0; i < ancienne.size(); ++i) nouveau[i] = std::move(stockage_[size_t(ancienne[i])]);
+    stockage_.swap(nouveau);
+    arbreValide_ = false;
+}
+
 void Grille::RowHeight(int l, int twips) {
     if (twips < 0) twips = 0;
     const int avant = hauteurPixels(l);

@@ -66,6 +66,9 @@ public:
     void definirRows(int total);
     void AddItem(int position);  // an empty row before position (Rows() appends)
     void RemoveItem(int l);
+    // Puts the rows in a new order: row i becomes the row that was ancienne[i]. The
+    // list names every row once.
+    void reordonner(const std::vector<int> &ancienne);
     void Clear() { definirRows(0); }
 
     bool existe(int ligne, int colonne = 0) const {

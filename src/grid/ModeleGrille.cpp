@@ -136,10 +136,45 @@ void ModeleGrille::AddFils(const QStringList &Infos, int &Parent, int Icone, int
     Redraw(false);
     // Right below the folder: each new document comes above those added before.
     const int ligne = qBound(0, LignesParents[size_t(Parent)] + 1, flxGrd.Rows());
+    flxGrd.AddItem(ligne);
+    remplirFils(ligne, Infos, Parent, Icone, Icone2, Cle1, Cle2, Cle3);
+    ++Parent;
+    // The folders below moved down by one row.
+    for (size_t k = size_t(Parent); k < LignesParents.size(); ++k) ++LignesParents[k];
+    Redraw(true);
+}
+
+int ModeleGrille::ajouterFilsEnVrac(const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
+                                    const QString &Cle2, const QString &Cle3) {
+    if (Parent < 0 || Parent >= NbParents) return -1;
+    const int ligne = flxGrd.Rows();
+    flxGrd.AddItem(ligne);
+    remplirFils(ligne, Infos, Parent, Icone, Icone2, Cle1, Cle2, Cle3);
+    return ligne;
+}
+
+void ModeleGrille::rangerFilsEnVrac(const std::vector<std::vector<int>> &ordreParDossier) {
+    // The rows before the first folder, then each folder followed by its documents,
+    // the last one given first, as AddFils puts each new one right below its folder.
+    const int premierDossier = NbParents > 0 ? LignesParents[0] : flxGrd.Rows();
+    std::vector<int> ordre;
+    ordre.reserve(size_t(flxGrd.Rows()));
+    for (int l = 0; l < premierDossier; ++l) ordre.push_back(l);
+    for (int k = 0; k < NbParents; ++k) {
+        const int dossier = LignesParents[size_t(k)];
+        ordre.push_back(dossier);
+        LignesParents[size_t(k)] = int(ordre.size()) - 1;
+        if (size_t(k) < ordreParDossier.size())
+            for (auto it = ordreParDossier[size_t(k)].rbegin(); it != ordreParDossier[size_t(k)].rend(); ++it) ordre.push_back(*it);
+    }
+    flxGrd.reordonner(ordre);
+}
+
+void ModeleGrille::remplirFils(int ligne, const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
+                               const QString &Cle2, const QString &Cle3) {
     // The two line colours are read in turn but never painted; the turn is kept.
     (void)(AlternanceLigne ? lineColor2_ : lineColor1_);
     AlternanceLigne = !AlternanceLigne;
-    flxGrd.AddItem(ligne);
     QStringView textes[grille::kColonnes];
     for (int i = 0; i < Infos.size() && 3 + i < grille::kColonnes; ++i) {
         grille::Cellule &cel = flxGrd.cellule(ligne, 3 + i);
@@ -162,10 +197,6 @@ void ModeleGrille::AddFils(const QStringList &Infos, int &Parent, int Icone, int
     textes[kColCle1 + 2] = Cle3;
     flxGrd.definirTextes(ligne, 0, textes, grille::kColonnes);
     ++NbLignes;
-    ++Parent;
-    // The folders below moved down by one row.
-    for (size_t k = size_t(Parent); k < LignesParents.size(); ++k) ++LignesParents[k];
-    Redraw(true);
 }
 
 void ModeleGrille::DelParent(int Ligne) {

@@ -37,6 +37,13 @@ public:
     // Parent is the folder's number; it is one higher on return.
     void AddFils(const QStringList &Infos, int &Parent, int Icone, int Icone2, const QString &Cle1,
                  const QString &Cle2, const QString &Cle3);
+    // Loading in bulk: a document appended at the end of the grid, whatever its
+    // folder, then all of them put in place at once. ordreParDossier gives, for each
+    // folder number, its documents' rows in the order AddFils would have been called
+    // for them; the grid is then what those calls would have made it.
+    int ajouterFilsEnVrac(const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
+                          const QString &Cle2, const QString &Cle3);
+    void rangerFilsEnVrac(const std::vector<std::vector<int>> &ordreParDossier);
     // Keeps the row of the base (column 18) on a grid row, without repainting.
     void definirRowid(int Ligne, qint64 Rowid);
     void DelParent(int Ligne);
@@ -136,6 +143,8 @@ private:
     void effacerMarque();  // the marked row gets its colour back
     void calculerLargeurs();
     void ecrire(int ligne, int colonne, QStringView valeur);
+    void remplirFils(int ligne, const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
+                     const QString &Cle2, const QString &Cle3);
 
     grille::Grille flxGrd;
     ListeImages imgCONTENU;

@@ -17,42 +17,45 @@ using Base::Requete;
 namespace Chargement {
 
 namespace {
-constexpr int kChamps = 12;  // fields of a Documents row
+constexpr int kChampsTexte = 8;     // Titre to Remarques
 constexpr int kColonnesInfos = 16;  // grid columns 3 to 18
 
-// Puts the elements in French order of their text, blind to case, and to accents at
-// the first level ("École" before "zèbre"); equal texts keep the order they came in.
-template <typename T, typename Texte>
-void trierEnFrancais(QList<T> &elements, Texte texte) {
+const QCollator &collateurFrancais() {
     static const QCollator collateur = [] {
         QCollator c{QLocale(QLocale::French, QLocale::France)};
         c.setCaseSensitivity(Qt::CaseInsensitive);
         return c;
     }();
-    std::vector<QCollatorSortKey> cles;
-    cles.reserve(size_t(elements.size()));
-    for (const T &e : elements) cles.push_back(collateur.sortKey(texte(e)));
-    std::vector<qsizetype> ordre(size_t(elements.size()));
-    std::iota(ordre.begin(), ordre.end(), 0);
-    std::stable_sort(ordre.begin(), ordre.end(), [&cles](qsizetype a, qsizetype b) { return cles[size_t(a)].compare(cles[size_t(b)]) < 0; });
-    QList<T> tries;
-    tries.reserve(elements.size());
-    for (const qsizetype i : ordre) tries.append(std::move(elements[i]));
-    elements = std::move(tries);
+    return collateur;
 }
 
 QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
     Requete r(c, "SELECT Num, Nom, rowid FROM Dossiers WHERE NumCompte=? ORDER BY Nom ASC, Num ASC");
     r.lier(1, numCompte);
+    QList<Dossier> lus;
+    std::vector<QStringView> noms;
+    while (r.suivante()) lus.append({r.entier(0), r.entierLong(2), r.texte(1)});
+    for (const Dossier &d : lus) noms.push_back(d.nom);
     QList<Dossier> dossiers;
-    while (r.suivante()) dossiers.append({r.entier(0), r.entierLong(2), r.texte(1)});
-    trierEnFrancais(dossiers, [](const Dossier &d) { return d.nom; });
+    dossiers.reserve(lus.size());
+    for (const int i : ordreFrancais(noms)) dossiers.append(lus[i]);
     return dossiers;
 }
 }  // namespace
 
+std::vector<int> ordreFrancais(const std::vector<QStringView> &textes) {
+    const QCollator &collateur = collateurFrancais();
+    std::vector<QCollatorSortKey> cles;
+    cles.reserve(textes.size());
+    for (const QStringView t : textes) cles.push_back(collateur.sortKey(t.toString()));
+    std::vector<int> ordre(textes.size());
+    std::iota(ordre.begin(), ordre.end(), 0);
+    std::stable_sort(ordre.begin(), ordre.end(), [&cles](int a, int b) { return cles[size_t(a)].compare(cles[size_t(b)]) < 0; });
+    return ordre;
+}
+
 void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
-               const std::function<void(int, QList<Document> &)> &recevoirDocuments) {
+               const std::function<void(int, const Document &)> &recevoirDocument) {
     Connexion c;
     QList<Dossier> dossiers = lireDossiers(c, numCompte);
     if (dossiers.isEmpty()) {
@@ -63,43 +66,26 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     for (int i = 0; i < dossiers.size(); ++i) indexDossier.insert(dossiers[i].num, i);
     recevoirDossiers(dossiers);
 
-    // One pass over the account's documents, folder after folder; each folder's put
-    // in the order of the titles as the user reads them, deciphered, and handed over.
+    // The table in its own order, without an index: each page is read and deciphered
+    // once, where a walk by folder would come back to the same pages again and again.
     // Columns by name: a base with columns of its own added keeps the fields in place.
-    Requete r(c, "SELECT NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin,"
-                 " Remarques, Icone, rowid FROM Documents WHERE NumCompte=? ORDER BY NumDossier ASC, Num ASC");
+    Requete r(c, "SELECT Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin, Remarques,"
+                 " Icone, rowid FROM Documents NOT INDEXED WHERE NumCompte=?");
     r.lier(1, numCompte);
-    QList<Document> documents;
-    int indiceCourant = -1;
-    auto remettre = [&] {
-        if (indiceCourant < 0 || documents.isEmpty()) return;
-        trierEnFrancais(documents, [](const Document &d) { return d.infos.at(0); });
-        recevoirDocuments(indiceCourant, documents);
-        documents.clear();
-    };
-    int numDossierCourant = 0;
-    bool premier = true;
+    Document d;
     while (r.suivante()) {
-        const int numDossier = r.entier(2);
-        if (premier || numDossier != numDossierCourant) {
-            remettre();
-            premier = false;
-            numDossierCourant = numDossier;
-            indiceCourant = indexDossier.value(numDossier, -1);
-        }
-        if (indiceCourant < 0) continue;  // its folder is gone: nowhere to show it
-        Document d;
-        d.infos.reserve(kColonnesInfos);
-        for (int j = 3; j < kChamps - 1; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texteUtf8(j)));
-        d.num = r.texte(1);
-        d.dossier = r.texte(2);
-        d.icone = r.entier(11);
-        d.rowid = r.entierLong(kChamps);
+        const auto it = indexDossier.constFind(r.entier(1));
+        if (it == indexDossier.constEnd()) continue;  // its folder is gone: nowhere to show it
+        d.infos.clear();
+        for (int j = 2; j < 2 + kChampsTexte; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texteUtf8(j)));
+        d.num = r.texte(0);
+        d.dossier = r.texte(1);
+        d.icone = r.entier(2 + kChampsTexte);
+        d.rowid = r.entierLong(3 + kChampsTexte);
         d.infos.resize(kColonnesInfos - 1);
         d.infos.append(QString::number(d.rowid));
-        documents.append(std::move(d));
+        recevoirDocument(*it, d);
     }
-    remettre();
 }
 
 }  // namespace Chargement

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <vector>
 
 namespace Chargement {
 
@@ -25,13 +26,18 @@ struct Dossier {
     QString nom;  // as stored, without the grid's leading blank
 };
 
-// Reads the account's tree: first its folders by name in French order, then the
-// documents of each folder by title in French order, one folder at a time and the
-// folders in no set order. Only one folder's documents are held at once, so that a
-// large account never lives twice in memory. An account without folders first
-// receives a copy of the template folders.
+// Reads the account's tree: first its folders by name in French order, then every
+// document of the account, deciphered, in the order the file holds them, with the
+// place of its folder in that list (one pass over the table, each page of the file
+// read once). A document whose folder is gone is left out. An account without
+// folders first receives a copy of the template folders.
 void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
-               const std::function<void(int indiceDossier, QList<Document> &)> &recevoirDocuments);
+               const std::function<void(int indiceDossier, const Document &)> &recevoirDocument);
+
+// The French order of the texts, blind to case, and to accents at the first level
+// ("École" before "zèbre"); equal texts keep the order they came in. Returns their
+// positions in that order.
+std::vector<int> ordreFrancais(const std::vector<QStringView> &textes);
 
 }  // namespace Chargement
 

@@ -30,22 +30,42 @@ void frmMain::ChargerTreeview(int numCompte) {
     MG->Redraw(false);
     try {
         const QString compte = QString::number(numCompte);
+        // The documents come in the file's order, each appended at the end of the
+        // grid; then each folder's are put by title under it, in one move.
+        struct Venu {
+            int ligne;
+            int num;
+            qint64 rowid;
+        };
+        std::vector<std::vector<Venu>> venus;
         Chargement::lireArbre(
             numCompte,
-            [this](const QList<Chargement::Dossier> &dossiers) {
+            [this, &venus](const QList<Chargement::Dossier> &dossiers) {
                 for (const Chargement::Dossier &d : dossiers) {
                     QVariant cle = QString::number(d.num);
                     MG->AddParent(QStringLiteral(" ") + d.nom, cle);
                     MG->definirRowid(MG->ligneParent(NbDossiers++), d.rowid);
                 }
+                venus.resize(size_t(dossiers.size()));
             },
-            [this, &compte](int indice, QList<Chargement::Document> &documents) {
-                for (const Chargement::Document &doc : documents) {
-                    int parent = indice;
-                    // A document without an icon shows the library's second one.
-                    MG->AddFils(doc.infos, parent, doc.icone == 0 ? 2 : doc.icone, 0, compte, doc.num, doc.dossier);
-                }
+            [this, &compte, &venus](int indice, const Chargement::Document &doc) {
+                // A document without an icon shows the library's second one.
+                const int ligne = MG->ajouterFilsEnVrac(doc.infos, indice, doc.icone == 0 ? 2 : doc.icone, 0, compte,
+                                                        doc.num, doc.dossier);
+                if (ligne >= 0) venus[size_t(indice)].push_back({ligne, doc.num.toInt(), doc.rowid});
             });
+        // By title as the user reads them; equal titles by number, then by row of the base.
+        std::vector<std::vector<int>> ordre(venus.size());
+        for (size_t k = 0; k < venus.size(); ++k) {
+            std::vector<Venu> &v = venus[k];
+            std::sort(v.begin(), v.end(), [](const Venu &a, const Venu &b) { return a.num != b.num ? a.num < b.num : a.rowid < b.rowid; });
+            std::vector<QStringView> titres;
+            titres.reserve(v.size());
+            for (const Venu &e : v) titres.push_back(MG->vue(e.ligne, 3));
+            for (const int i : Chargement::ordreFrancais(titres)) ordre[k].push_back(v[size_t(i)].ligne);
+            std::vector<Venu>().swap(v);
+        }
+        MG->rangerFilsEnVrac(ordre);
     } catch (const Base::ErreurBase &e) {
         if (!chargementMuet_) Messages::information(e.message());
     }
