@@ -7,6 +7,7 @@
 
 #include "app/Navigation.h"
 #include "grid/MyCoolGrid.h"
+#include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
@@ -117,6 +118,89 @@ void BM_RequeteNue(benchmark::State &s) {
     }
 }
 
+// The main window over the base of n documents, for the changes below.
+frmMain *principale(int documents) {
+    utiliser(documents);
+    Navigation::afficherPrincipale();
+    QApplication::processEvents();
+    return Navigation::fenetrePrincipale();
+}
+
+void fermer() {
+    Navigation::fermerTout();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// A document written to the base, then the grid brought up to date and painted.
+void BM_AjouterDocument(benchmark::State &s) {
+    frmMain *f = principale(int(s.range(0)));
+    int num = 900000;
+    for (auto _ : s) {
+        s.PauseTiming();
+        Base::Connexion c;
+        Base::Requete r(c, "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (1, ?, 150, ?)");
+        ++num;
+        r.lier(1, num).lier(2, QStringLiteral("Nouveau %1").arg(num)).executer();
+        const qint64 rowid = c.dernierRowid();
+        s.ResumeTiming();
+        f->documentAjoute(rowid);
+        QApplication::processEvents();
+    }
+    s.counters["lignes"] = f->MG->NbLignes;
+    fermer();
+}
+
+// A folder renamed in turn to the first and the last place, with its documents.
+void BM_RenommerDossier(benchmark::State &s) {
+    frmMain *f = principale(int(s.range(0)));
+    bool premier = true;
+    for (auto _ : s) {
+        s.PauseTiming();
+        Base::Connexion c;
+        Base::Requete r(c, "UPDATE Dossiers SET Nom=? WHERE NumCompte=1 AND Num=150");
+        r.lier(1, premier ? QStringLiteral("0 premier") : QStringLiteral("zz dernier")).executer();
+        Base::Requete id(c, "SELECT rowid FROM Dossiers WHERE NumCompte=1 AND Num=150");
+        id.suivante();
+        const qint64 rowid = id.entierLong(0);
+        premier = !premier;
+        s.ResumeTiming();
+        f->dossierEcrit(rowid);
+        QApplication::processEvents();
+    }
+    fermer();
+}
+
+// An empty folder deleted (it was added, untimed, just before).
+void BM_SupprimerDossier(benchmark::State &s) {
+    frmMain *f = principale(int(s.range(0)));
+    for (auto _ : s) {
+        s.PauseTiming();
+        Base::Connexion c;
+        Base::Requete r(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (1, 99999, 'Dossier 0100 vide')");
+        r.executer();
+        f->dossierEcrit(c.dernierRowid());
+        Base::Requete sup(c, "DELETE FROM Dossiers WHERE NumCompte=1 AND Num=99999");
+        sup.executer();
+        int ligne = -1;
+        for (int k = 0; k < f->MG->nbParents(); ++k)
+            if (f->MG->vue(f->MG->ligneParent(k), 17) == QStringLiteral("99999")) ligne = f->MG->ligneParent(k);
+        s.ResumeTiming();
+        f->dossierSupprime(ligne);
+        QApplication::processEvents();
+    }
+    fermer();
+}
+
+// The whole tree read again, as before any of the above.
+void BM_Recharger(benchmark::State &s) {
+    frmMain *f = principale(int(s.range(0)));
+    for (auto _ : s) {
+        f->rechargerGrille();
+        QApplication::processEvents();
+    }
+    fermer();
+}
+
 // Loads a grid of n documents, then prints the resident memory: one process, one load.
 int mesurerMemoire(int documents) {
     utiliser(documents);
@@ -133,6 +217,10 @@ int mesurerMemoire(int documents) {
 
 BENCHMARK(BM_OuvrirPrincipale)->Arg(0)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ChargerMG)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AjouterDocument)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RenommerDossier)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SupprimerDossier)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Recharger)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LireArbre)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RequeteNue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 

@@ -67,15 +67,6 @@ void FenetreDialogue::chargerImagesStock() {
     static_cast<PanneauStock *>(Fond[2])->definirImage(dossier);
 }
 
-void FenetreDialogue::rechargerPrincipale() {
-    if (!principale_) return;
-    principale_->MG->Redraw(false);
-    principale_->MemoriserMG();
-    principale_->MG->Clear();
-    principale_->ChargerMG();
-    principale_->RaffraichirMG();
-}
-
 void FenetreDialogue::colorerLibelle(QLabel *libelle, int couleur, bool pastille) {
     const QColor texte = couleurReglage(couleur);
     // A light colour goes on the navy of the frame; a dark one on the light band,

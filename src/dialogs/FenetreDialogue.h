@@ -43,8 +43,6 @@ protected:
     // Fond[1] takes the band of the grid's title row, Fond[2] the folder picture of
     // its first folder row; the artwork stands in when the grid has none.
     void chargerImagesStock();
-    // After a write: the grid is emptied and loaded again whole.
-    void rechargerPrincipale();
     // Writes text in colour on the label, on a background it can be read on.
     static void colorerLibelle(QLabel *libelle, int couleur, bool pastille);
 

@@ -8,6 +8,7 @@
 #include "ui/Chaines.h"
 #include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
+#include "workspace/frmMain.h"
 
 #include <QCalendarWidget>
 #include <QFocusEvent>
@@ -226,12 +227,13 @@ bool FrmAjoutDoc::enregistrer() {
         Saisie[0]->setFocus();
         return false;
     }
+    qint64 rowid = 0;
     try {
         const int num = ChercherNouveauNumDocument();
         QStringList champs;
         for (const QLineEdit *s : Saisie) champs << s->text();
         champs << Tag;
-        if (!EcrireDocument(num, champs)) {
+        if (!EcrireDocument(num, champs, &rowid)) {
             Messages::information(QStringLiteral("Aucun dossier n'est sélectionné : le document n'a pas été enregistré."));
             return false;
         }
@@ -240,7 +242,7 @@ bool FrmAjoutDoc::enregistrer() {
         Messages::information(e.message());
         return false;
     }
-    rechargerPrincipale();
+    if (principale()) principale()->documentAjoute(rowid);
     return true;
 }
 

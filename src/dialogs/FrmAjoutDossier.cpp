@@ -6,6 +6,7 @@
 #include "ui/BoutonImage.h"
 #include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
+#include "workspace/frmMain.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -68,12 +69,13 @@ bool FrmAjoutDossier::enregistrer() {
         Messages::information(QStringLiteral("Le numéro du dossier est inconnu : le dossier n'a pas été enregistré."));
         return false;
     }
+    qint64 rowid = 0;
     try {
-        EcrireDossier(Saisie->text(), num);
+        EcrireDossier(Saisie->text(), num, &rowid);
     } catch (const Base::ErreurBase &e) {
         Messages::information(e.message());
         return false;
     }
-    rechargerPrincipale();
+    if (principale()) principale()->dossierEcrit(rowid);
     return true;
 }

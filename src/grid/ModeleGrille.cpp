@@ -170,6 +170,76 @@ void ModeleGrille::rangerFilsEnVrac(const std::vector<std::vector<int>> &ordrePa
     flxGrd.reordonner(ordre);
 }
 
+void ModeleGrille::oublierMarques() {
+    effacerMarque();
+    if (LigneGras > 0 && flxGrd.existe(LigneGras, 1)) flxGrd.cellule(LigneGras, 1).gras = false;
+    LigneCourante = 0;
+    ligneSel_ = 0;
+    LigneMarquee = 0;
+    LigneGras = 0;
+    CouleurMarquee.clear();
+}
+
+void ModeleGrille::insererFils(int Ligne, const QStringList &Infos, int Parent, int Icone, int Icone2,
+                               const QString &Cle1, const QString &Cle2, const QString &Cle3) {
+    if (Parent < 0 || Parent >= NbParents) return;
+    Ligne = qBound(LignesParents[size_t(Parent)] + 1, Ligne, flxGrd.Rows());
+    flxGrd.AddItem(Ligne);
+    remplirFils(Ligne, Infos, Parent, Icone, Icone2, Cle1, Cle2, Cle3);
+    for (size_t k = size_t(Parent) + 1; k < LignesParents.size(); ++k) ++LignesParents[k];
+}
+
+void ModeleGrille::renommerParent(int Ligne, const QString &Nom) {
+    if (!IsLigneParent(Ligne)) return;
+    for (int i = 1; i <= 2 + nbColonnes_ && i < grille::kColonnes; ++i)
+        if (i != kColType && i != kColEtat && i != kColNumero && i < kColCle1 + 2) ecrire(Ligne, i, Nom);
+}
+
+void ModeleGrille::lignesFils(int numero, int &debut, int &fin) const {
+    debut = ligneParent(numero) + 1;
+    fin = numero + 1 < NbParents ? LignesParents[size_t(numero) + 1] - 1 : flxGrd.Rows() - 1;
+}
+
+void ModeleGrille::rangerDossiers(const std::vector<int> &ordre) {
+    std::vector<int> lignes;
+    lignes.reserve(size_t(flxGrd.Rows()));
+    const int premier = NbParents > 0 ? LignesParents[0] : flxGrd.Rows();
+    for (int l = 0; l < premier; ++l) lignes.push_back(l);
+    for (const int k : ordre) {
+        int debut = 0, fin = 0;
+        lignesFils(k, debut, fin);
+        for (int l = debut - 1; l <= fin; ++l) lignes.push_back(l);
+    }
+    flxGrd.reordonner(lignes);
+    commeCharge();
+}
+
+void ModeleGrille::commeCharge() {
+    // The folders counted again from the rows, each numbered by its place, and its
+    // documents with it.
+    LignesParents.clear();
+    NbParents = 0;
+    QString numero;
+    for (int r = 2; r < flxGrd.Rows(); ++r) {
+        if (IsLigneParent(r)) {
+            numero = QString::number(NbParents++);
+            LignesParents.push_back(r);
+            if (vue(r, kColNumero) != numero) ecrire(r, kColNumero, numero);
+        } else if (NbParents > 0 && vue(r, kColEtat) != numero) {
+            ecrire(r, kColEtat, numero);
+        }
+    }
+    if (LignesParents.empty()) LignesParents.assign(1, 0);
+    NbLignes = flxGrd.Rows();
+    // Every folder open, as a load adds them.
+    for (int k = 0; k < NbParents; ++k) {
+        const int ligne = LignesParents[size_t(k)];
+        if (vue(ligne, kColEtat) != kFerme) continue;
+        OuvrirParent(ligne, k + 1 < NbParents ? LignesParents[size_t(k) + 1] + 1 : 0);
+        ecrire(ligne, kColEtat, kOuvert);
+    }
+}
+
 void ModeleGrille::remplirFils(int ligne, const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
                                const QString &Cle2, const QString &Cle3) {
     // The two line colours are read in turn but never painted; the turn is kept.

@@ -44,6 +44,19 @@ public:
     int ajouterFilsEnVrac(const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
                           const QString &Cle2, const QString &Cle3);
     void rangerFilsEnVrac(const std::vector<std::vector<int>> &ordreParDossier);
+    // Changes made in place, without reading the base again. oublierMarques goes
+    // first, while the marked rows are where they were; commeCharge last: every
+    // folder open, folder numbers and rows counted again, as a load leaves them.
+    void oublierMarques();
+    void insererFils(int Ligne, const QStringList &Infos, int Parent, int Icone, int Icone2, const QString &Cle1,
+                     const QString &Cle2, const QString &Cle3);
+    // Puts the folders, each with its documents, in the order given by their numbers.
+    void rangerDossiers(const std::vector<int> &ordre);
+    // The name shown by a folder's row, as AddParent writes it.
+    void renommerParent(int Ligne, const QString &Nom);
+    void commeCharge();
+    // The first and the last row of folder numero's documents (fin < debut when it has none).
+    void lignesFils(int numero, int &debut, int &fin) const;
     // Keeps the row of the base (column 18) on a grid row, without repainting.
     void definirRowid(int Ligne, qint64 Rowid);
     void DelParent(int Ligne);

@@ -171,7 +171,7 @@ bool EcrireChampDocument(int indice, const QString &valeur, int num) {
     return true;
 }
 
-bool EcrireDocument(int num, const QStringList &champs) {
+bool EcrireDocument(int num, const QStringList &champs, qint64 *rowidEcrit) {
     Def::CleDocument cle;
     if (!Def::cleSelection(&cle, false)) return false;
     Connexion c;
@@ -180,10 +180,11 @@ bool EcrireDocument(int num, const QStringList &champs) {
     if (rowid == 0) rowid = Def::ajouterDocument(c, num, cle.dossier);
     for (int i = 0; i < champs.size() && i + 3 <= 11; ++i) Def::ecrireChamp(c, rowid, i + 3, champs[i]);
     c.valider();
+    if (rowidEcrit) *rowidEcrit = rowid;
     return true;
 }
 
-bool EcrireDossier(const QString &nom, int num) {
+bool EcrireDossier(const QString &nom, int num, qint64 *rowidEcrit) {
     Connexion c;
     const QString coupe = Def::couperChamp(nom);
     // The selected folder is renamed by its own row; a number no folder of the
@@ -195,11 +196,14 @@ bool EcrireDossier(const QString &nom, int num) {
         existe = r.lier(1, Session::NumCompteCourant).lier(2, num).suivante();
     }
     if (existe) {
+        rowid = Def::ligneUnique(c, true, rowid, num);
         Requete maj(c, "UPDATE Dossiers SET Nom=? WHERE rowid=?");
-        maj.lier(1, coupe).lier(2, Def::ligneUnique(c, true, rowid, num)).executer();
-        return true;
+        maj.lier(1, coupe).lier(2, rowid).executer();
+    } else {
+        Requete ajout(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (?, ?, ?)");
+        ajout.lier(1, Session::NumCompteCourant).lier(2, num).lier(3, coupe).executer();
+        rowid = c.dernierRowid();
     }
-    Requete ajout(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (?, ?, ?)");
-    ajout.lier(1, Session::NumCompteCourant).lier(2, num).lier(3, coupe).executer();
+    if (rowidEcrit) *rowidEcrit = rowid;
     return true;
 }

@@ -51,8 +51,9 @@ bool SupprimerDossier(int num);
 // Index 11 (icon) takes a number; a value that is none leaves the icon at 0.
 bool EcrireChampDocument(int indice, const QString &valeur, int num);
 // A whole new document (fields 3 to 11) written in one go: all of it or nothing.
-bool EcrireDocument(int num, const QStringList &champs);
-bool EcrireDossier(const QString &nom, int num);
+// rowid, when given, receives the row written.
+bool EcrireDocument(int num, const QStringList &champs, qint64 *rowid = nullptr);
+bool EcrireDossier(const QString &nom, int num, qint64 *rowid = nullptr);
 
 // The whole content of a file, one character a byte. Throws std::runtime_error
 // with a French message when the file can't be read.

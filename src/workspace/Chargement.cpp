@@ -20,6 +20,22 @@ namespace {
 constexpr int kChampsTexte = 8;     // Titre to Remarques
 constexpr int kColonnesInfos = 16;  // grid columns 3 to 18
 
+// Columns by name: a base with columns of its own added keeps the fields in place.
+constexpr const char *kColonnesDocument =
+    "SELECT Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin, Remarques, Icone, rowid";
+
+// A row of kColonnesDocument as the grid receives it.
+void lireDocument(const Requete &r, Document &d) {
+    d.infos.clear();
+    for (int j = 2; j < 2 + kChampsTexte; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texteUtf8(j)));
+    d.num = r.texte(0);
+    d.dossier = r.texte(1);
+    d.icone = r.entier(2 + kChampsTexte);
+    d.rowid = r.entierLong(3 + kChampsTexte);
+    d.infos.resize(kColonnesInfos - 1);
+    d.infos.append(QString::number(d.rowid));
+}
+
 const QCollator &collateurFrancais() {
     static const QCollator collateur = [] {
         QCollator c{QLocale(QLocale::French, QLocale::France)};
@@ -42,6 +58,8 @@ QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
     return dossiers;
 }
 }  // namespace
+
+int comparerFrancais(QStringView a, QStringView b) { return collateurFrancais().compare(a, b); }
 
 std::vector<int> ordreFrancais(const std::vector<QStringView> &textes) {
     const QCollator &collateur = collateurFrancais();
@@ -68,24 +86,34 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
 
     // The table in its own order, without an index: each page is read and deciphered
     // once, where a walk by folder would come back to the same pages again and again.
-    // Columns by name: a base with columns of its own added keeps the fields in place.
-    Requete r(c, "SELECT Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin, Remarques,"
-                 " Icone, rowid FROM Documents NOT INDEXED WHERE NumCompte=?");
+    Requete r(c, (QByteArray(kColonnesDocument) + " FROM Documents NOT INDEXED WHERE NumCompte=?").constData());
     r.lier(1, numCompte);
     Document d;
     while (r.suivante()) {
         const auto it = indexDossier.constFind(r.entier(1));
         if (it == indexDossier.constEnd()) continue;  // its folder is gone: nowhere to show it
-        d.infos.clear();
-        for (int j = 2; j < 2 + kChampsTexte; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texteUtf8(j)));
-        d.num = r.texte(0);
-        d.dossier = r.texte(1);
-        d.icone = r.entier(2 + kChampsTexte);
-        d.rowid = r.entierLong(3 + kChampsTexte);
-        d.infos.resize(kColonnesInfos - 1);
-        d.infos.append(QString::number(d.rowid));
+        lireDocument(r, d);
         recevoirDocument(*it, d);
     }
+}
+
+bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num) {
+    Connexion c;
+    Requete r(c, "SELECT Num, Nom FROM Dossiers WHERE NumCompte=? AND rowid=?");
+    r.lier(1, numCompte).lier(2, rowid);
+    if (!r.suivante()) return false;
+    num = r.entier(0);
+    nom = r.texte(1);
+    return true;
+}
+
+bool lireDocument(int numCompte, qint64 rowid, Document &document) {
+    Connexion c;
+    Requete r(c, (QByteArray(kColonnesDocument) + " FROM Documents WHERE NumCompte=? AND rowid=?").constData());
+    r.lier(1, numCompte).lier(2, rowid);
+    if (!r.suivante()) return false;
+    lireDocument(r, document);
+    return true;
 }
 
 }  // namespace Chargement

@@ -34,6 +34,16 @@ struct Dossier {
 void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
                const std::function<void(int indiceDossier, const Document &)> &recevoirDocument);
 
+// One document of the account by its row of the base, as lireArbre gives it; false
+// when the account has no such row.
+bool lireDocument(int numCompte, qint64 rowid, Document &document);
+
+// The name and number of the account's folder of that row; false when there is none.
+bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num);
+
+// Below 0 when a comes before b in French order, 0 when they are equal there.
+int comparerFrancais(QStringView a, QStringView b);
+
 // The French order of the texts, blind to case, and to accents at the first level
 // ("École" before "zèbre"); equal texts keep the order they came in. Returns their
 // positions in that order.

@@ -33,6 +33,16 @@ public:
     void ChargerTreeview(int numCompte);
     void MemoriserMG() {}     // the open state of folders is not kept across a reload
     void RaffraichirMG() {}
+    // The whole tree read again from the base.
+    void rechargerGrille();
+    int rechargementsComplets() const { return rechargements_; }  // since the window opened
+    // After a change the window wrote itself: the grid is put as a reload would leave
+    // it, without reading the base again but for the row written (or reloaded whole
+    // when that row can't be placed).
+    void documentAjoute(qint64 rowid);
+    void dossierEcrit(qint64 rowid);
+    void dossierSupprime(int ligne);
+    void documentSupprime(int ligne);
 
     // In-place editing of the selected document.
     static constexpr int kNbSaisies = 11;
@@ -86,10 +96,10 @@ private:
     void supprimerSelection();
     // What the command needs selected first, as told to the user; empty when the selection suits.
     QString selectionManquante(int index) const;
-    void rechargerGrille();
     // After a reload, the selection goes back to the same folder or document by its
     // keys, or is cleared when it is gone.
     void restaurerSelection();
+    void finirMiseAJour();
     void effacerSelection();
     // Shows a window modally over this one, handed first to the tests' preparation.
     void montrerModal(FenetreCadre &fenetre);
@@ -109,7 +119,8 @@ private:
     bool masquageSaisie_ = false;
     bool retourCalendrier_ = false;
     bool garderEnfonce_ = false;  // the command leaves its button pressed
-    bool chargementMuet_ = false;  // a reload after a failure already told: no second message
+    bool chargementMuet_ = false;
+    int rechargements_ = 0;  // a reload after a failure already told: no second message
     QPointer<FrmOptions> options_;
 
     // The folder or document the band names, by its keys in the base.

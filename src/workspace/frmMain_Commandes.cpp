@@ -179,15 +179,6 @@ void frmMain::effacerSelection() {
     for (int i = 10; i <= 16; ++i) Boutons[i]->setEnabled(true);
 }
 
-void frmMain::rechargerGrille() {
-    MG->Redraw(false);
-    MemoriserMG();
-    MG->Clear();
-    ChargerMG();
-    RaffraichirMG();
-    MG->Redraw(true);
-}
-
 void frmMain::commande(int index) {
     switch (index) {
     case 10:
@@ -214,26 +205,18 @@ void frmMain::commande(int index) {
         bool ok = false;
         const int num = MG->GetColumnInfos(ligne, 17).toInt(&ok);
         if (!ok) return;
-        MG->Redraw(false);
         SupprimerDossier(num);
-        MG->DelParent(ligne);
-        rechargerGrille();
+        dossierSupprime(ligne);
         break;
     }
     case 13: {
         if (!Messages::question(Chaine(141))) return;
         const int ligne = MG->LigneCourante;
-        MG->Redraw(false);
-        MemoriserMG();
         // The store reads the row's keys from the grid: it goes before the row does.
         SupprimerDocument();
-        MG->DelFils(ligne);
-        MG->Clear();
-        ChargerMG();
-        RaffraichirMG();
+        documentSupprime(ligne);
         RendreSaisieVisible(false, 1, 0);
         RendreSaisieVisibleCalendrier(false);
-        MG->Redraw(true);
         break;
     }
     case 15:
