@@ -67,16 +67,20 @@ void Grille::definirTexte(int l, int colonne, QStringView texte) {
     const int debut = r.debut(colonne);
     const int ancienne = r.longueurs[size_t(colonne)];
     if (texte == QStringView(r.textes).mid(debut, ancienne)) return;
+    // In place: a row whose texts change once changes them again (a folder closed
+    // and opened), so the room it grows to is kept.
     r.textes.replace(debut, ancienne, texte.data(), texte.size());
     r.longueurs[size_t(colonne)] = quint16(texte.size());
-    // A row's texts are written once and seldom changed: no spare room kept.
-    r.textes.squeeze();
 }
 
 void Grille::definirTextes(int l, int premiere, const QStringView *textes, int nombre) {
     Ligne &r = rangee(l);
     nombre = std::min(nombre, kColonnes - premiere);
     if (premiere < 0 || nombre <= 0) return;
+    if (!r.textes.isEmpty() && nombre <= 2) {
+        for (int i = 0; i < nombre; ++i) definirTexte(l, premiere + i, textes[i]);
+        return;
+    }
     // Rebuilt whole, in one allocation of the right size.
     QStringView anciens[kColonnes];
     for (int c = 0; c < kColonnes; ++c) anciens[c] = QStringView(r.textes).mid(r.debut(c), r.longueurs[size_t(c)]);

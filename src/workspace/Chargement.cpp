@@ -8,6 +8,11 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <mutex>
+#include <thread>
 #include <numeric>
 #include <vector>
 
@@ -88,13 +93,73 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     // once, where a walk by folder would come back to the same pages again and again.
     Requete r(c, (QByteArray(kColonnesDocument) + " FROM Documents NOT INDEXED WHERE NumCompte=?").constData());
     r.lier(1, numCompte);
-    Document d;
-    while (r.suivante()) {
-        const auto it = indexDossier.constFind(r.entier(1));
-        if (it == indexDossier.constEnd()) continue;  // its folder is gone: nowhere to show it
-        lireDocument(r, d);
-        recevoirDocument(*it, d);
+
+    // The reading and deciphering run beside the caller's work on what was read, in
+    // batches: on a large account each takes about half of the time. The caller
+    // waits for the end either way, and the connection is only used by the reader.
+    constexpr size_t kLot = 512;
+    struct Lu {
+        int dossier;
+        Document document;
+    };
+    std::mutex verrou;
+    std::condition_variable signal;
+    std::deque<std::vector<Lu>> prets;
+    std::vector<std::vector<Lu>> rendus;  // emptied batches, their strings' room reused
+    bool fini = false;
+    std::exception_ptr erreur;
+    std::thread lecteur([&] {
+        try {
+            std::vector<Lu> lot;
+            auto livrer = [&] {
+                std::unique_lock<std::mutex> l(verrou);
+                // Never more than a few batches ahead: memory stays that of a few batches.
+                signal.wait(l, [&] { return prets.size() < 4; });
+                prets.push_back(std::move(lot));
+                lot.clear();
+                if (!rendus.empty()) {
+                    lot = std::move(rendus.back());
+                    rendus.pop_back();
+                }
+                signal.notify_all();
+            };
+            size_t n = 0;
+            while (r.suivante()) {
+                const auto it = indexDossier.constFind(r.entier(1));
+                if (it == indexDossier.constEnd()) continue;  // its folder is gone: nowhere to show it
+                if (n == lot.size()) lot.emplace_back();
+                lot[n].dossier = *it;
+                lireDocument(r, lot[n].document);
+                if (++n == kLot) {
+                    livrer();
+                    n = 0;
+                }
+            }
+            lot.resize(n);
+            if (n > 0) livrer();
+        } catch (...) {
+            erreur = std::current_exception();
+        }
+        std::lock_guard<std::mutex> l(verrou);
+        fini = true;
+        signal.notify_all();
+    });
+    for (;;) {
+        std::vector<Lu> lot;
+        {
+            std::unique_lock<std::mutex> l(verrou);
+            signal.wait(l, [&] { return !prets.empty() || fini; });
+            if (prets.empty()) break;
+            lot = std::move(prets.front());
+            prets.pop_front();
+            signal.notify_all();
+        }
+        for (const Lu &lu : lot) recevoirDocument(lu.dossier, lu.document);
+        std::lock_guard<std::mutex> l(verrou);
+        rendus.push_back(std::move(lot));
     }
+    lecteur.join();
+    if (erreur) std::rethrow_exception(erreur);
 }
 
 bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num) {
