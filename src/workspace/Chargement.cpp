@@ -12,6 +12,7 @@
 #include <deque>
 #include <exception>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 #include <numeric>
 #include <vector>
@@ -107,6 +108,7 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     std::deque<std::vector<Lu>> prets;
     std::vector<std::vector<Lu>> rendus;  // emptied batches, their strings' room reused
     bool fini = false;
+    bool abandon = false;  // the caller failed: the reader stops at its next batch
     std::exception_ptr erreur;
     std::thread lecteur([&] {
         try {
@@ -114,7 +116,8 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
             auto livrer = [&] {
                 std::unique_lock<std::mutex> l(verrou);
                 // Never more than a few batches ahead: memory stays that of a few batches.
-                signal.wait(l, [&] { return prets.size() < 4; });
+                signal.wait(l, [&] { return prets.size() < 4 || abandon; });
+                if (abandon) throw std::runtime_error("abandon");
                 prets.push_back(std::move(lot));
                 lot.clear();
                 if (!rendus.empty()) {
@@ -144,19 +147,29 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
         fini = true;
         signal.notify_all();
     });
-    for (;;) {
-        std::vector<Lu> lot;
+    try {
+        for (;;) {
+            std::vector<Lu> lot;
+            {
+                std::unique_lock<std::mutex> l(verrou);
+                signal.wait(l, [&] { return !prets.empty() || fini; });
+                if (prets.empty()) break;
+                lot = std::move(prets.front());
+                prets.pop_front();
+                signal.notify_all();
+            }
+            for (const Lu &lu : lot) recevoirDocument(lu.dossier, lu.document);
+            std::lock_guard<std::mutex> l(verrou);
+            rendus.push_back(std::move(lot));
+        }
+    } catch (...) {
         {
-            std::unique_lock<std::mutex> l(verrou);
-            signal.wait(l, [&] { return !prets.empty() || fini; });
-            if (prets.empty()) break;
-            lot = std::move(prets.front());
-            prets.pop_front();
+            std::lock_guard<std::mutex> l(verrou);
+            abandon = true;
             signal.notify_all();
         }
-        for (const Lu &lu : lot) recevoirDocument(lu.dossier, lu.document);
-        std::lock_guard<std::mutex> l(verrou);
-        rendus.push_back(std::move(lot));
+        lecteur.join();
+        throw;
     }
     lecteur.join();
     if (erreur) std::rethrow_exception(erreur);
