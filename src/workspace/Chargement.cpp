@@ -175,13 +175,16 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     if (erreur) std::rethrow_exception(erreur);
 }
 
-bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num) {
+bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num, int &documents) {
     Connexion c;
     Requete r(c, "SELECT Num, Nom FROM Dossiers WHERE NumCompte=? AND rowid=?");
     r.lier(1, numCompte).lier(2, rowid);
     if (!r.suivante()) return false;
     num = r.entier(0);
     nom = r.texte(1);
+    Requete n(c, "SELECT count(*) FROM Documents WHERE NumCompte=? AND NumDossier=?");
+    n.lier(1, numCompte).lier(2, num);
+    documents = n.suivante() ? n.entier(0) : 0;
     return true;
 }
 

@@ -38,8 +38,9 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
 // when the account has no such row.
 bool lireDocument(int numCompte, qint64 rowid, Document &document);
 
-// The name and number of the account's folder of that row; false when there is none.
-bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num);
+// The name and number of the account's folder of that row, and how many of the
+// account's documents carry that number; false when there is no such folder.
+bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num, int &documents);
 
 // Below 0 when a comes before b in French order, 0 when they are equal there.
 int comparerFrancais(QStringView a, QStringView b);

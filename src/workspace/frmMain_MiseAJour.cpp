@@ -110,19 +110,29 @@ void frmMain::dossierEcrit(qint64 rowid) {
     QString nom;
     int num = 0;
     bool lu = false;
+    int documents = 0;
     try {
-        lu = Chargement::lireDossier(Session::NumCompteCourant, rowid, nom, num);
+        lu = Chargement::lireDossier(Session::NumCompteCourant, rowid, nom, num, documents);
     } catch (const Base::ErreurBase &) {
     }
-    if (!lu) {
+    int ligne = -1, memeNumero = 0;
+    const QString cle = QString::number(rowid), numero = QString::number(num);
+    for (int k = 0; k < MG->nbParents(); ++k) {
+        const int l = MG->ligneParent(k);
+        if (MG->vue(l, kColonneRowid) == cle)
+            ligne = l;
+        else if (MG->vue(l, kColonneNumDossier) == numero)
+            ++memeNumero;
+    }
+    // A load hands a folder's documents to the last folder of its number: when another
+    // folder shares it, or a new folder finds documents waiting for its number, only
+    // a load knows where they go.
+    if (!lu || memeNumero > 0 || (ligne < 0 && documents > 0)) {
         rechargerGrille();
         return;
     }
     MG->Redraw(false);
     MG->oublierMarques();
-    int ligne = -1;
-    for (int k = 0; k < MG->nbParents() && ligne < 0; ++k)
-        if (MG->vue(MG->ligneParent(k), kColonneRowid) == QString::number(rowid)) ligne = MG->ligneParent(k);
     if (ligne >= 0) {
         MG->renommerParent(ligne, QStringLiteral(" ") + nom);
     } else {
