@@ -9,11 +9,12 @@
 #include <QSize>
 #include <QString>
 
+#include "menus/cTips.h"
+
 class ListeImages;
 class QAction;
 class QMenu;
 class QWidget;
-class cTips;
 
 namespace modMenus {
 
