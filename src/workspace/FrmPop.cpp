@@ -16,7 +16,7 @@ FrmPop::FrmPop(const ListeImages &images, QWidget *parent) : QWidget(parent, Qt:
     setObjectName(QStringLiteral("FrmPop"));
     ImTool = new QLabel(this);
     ImTool->setObjectName(QStringLiteral("ImTool(1)"));
-    ImTool->setPixmap(Art::pixmap(QStringLiteral("barre_icones"), QSize(35, 220)));
+    ImTool->setPixmap(Art::pixmap(QStringLiteral("barre_icones"), QSize(35, 128)));
     ImTool->hide();
     myTips = new cTips(this);
     Icones = new QMenu(QStringLiteral("&Icones"), this);
