@@ -181,8 +181,12 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
         return index;
     }
     if (index == 0) {
-        Items.append(TypeItemMenu{});
-        index = int(Items.size()) - 1;
+        if (!libres_.isEmpty()) {
+            index = libres_.takeLast();
+        } else {
+            Items.append(TypeItemMenu{});
+            index = int(Items.size()) - 1;
+        }
         IndexItems.insert(cle, index);
     }
     TypeItemMenu &item = Items[index];
@@ -498,6 +502,20 @@ void cMenuItems::DestroyPopup(QMenu *menu, int id) {
     const int index = IndexItems.take(cleItem(menu, id));
     if (index > 0 && index == Items.size() - 1) Items.removeLast();
     IndexPanneaux.remove(clePanneau(menu));
+}
+
+void cMenuItems::oublierAction(QAction *action, QMenu *menu) {
+    bool ok = false;
+    const int id = action ? action->property(kProprieteId).toInt(&ok) : 0;
+    if (!ok) return;
+    const int index = IndexItems.take(cleItem(menu, id));
+    if (index <= 0) return;
+    if (index == Items.size() - 1) {
+        Items.removeLast();
+    } else {
+        Items[index] = TypeItemMenu{};
+        libres_.append(index);
+    }
 }
 
 void cMenuItems::RestoreMenus() {

@@ -100,6 +100,8 @@ public:
     void UpdateMenuItems(QMenu *menu);
     void DestroyPopup(QMenu *menu, int id);
     void RestoreMenus();
+    // The record of an action taken out of its menu is dropped.
+    void oublierAction(QAction *action, QMenu *menu);
 
     // The record and panel of an action or menu, or null; null records are not drawn.
     const modMenus::TypeItemMenu *GetMenuItem(int id, QMenu *menu) const;
@@ -132,6 +134,7 @@ private:
     QList<modMenus::TypeItemMenu> Items{1};
     QList<modMenus::TypePanneau> Panneaux{1};
     QHash<QString, int> IndexItems;
+    QList<int> libres_;  // records of removed actions, for the next new ones
     QHash<QString, int> IndexPanneaux;
     QHash<QString, cMenuItems *> MenusDelegues;
     modMenus::BlocTaille TailleRestreinte;

@@ -368,8 +368,8 @@ public:
         });
         QObject::connect(menu, &QMenu::triggered, menu, [menu](QAction *action) {
             // A command the engine doesn't know goes on to the application as it is.
-            if (action->menu() == nullptr && action->parent() && TrouverObjet(menu))
-                TrouverObjet(menu)->MenuSelected(cMenuItems::idAction(action), menu, false);
+            if (cMenuItems *objet = TrouverObjet(menu); objet && !action->menu())
+                objet->MenuSelected(cMenuItems::idAction(action), menu, false);
         });
         QObject::connect(menu, &QObject::destroyed, this, [this, menu] {
             if (etat().style) etat().style->oublier(menu);
@@ -385,8 +385,12 @@ protected:
             if (e->type() == QEvent::KeyPress) etat().survolClavier = true;
             else if (e->type() == QEvent::MouseMove) etat().survolClavier = false;
             else if (e->type() == QEvent::MouseButtonRelease) cliquerBarre(menu, static_cast<QMouseEvent *>(e));
-            else if (e->type() == QEvent::ActionAdded)
+            else if (e->type() == QEvent::ActionAdded) {
                 if (QAction *a = static_cast<QActionEvent *>(e)->action(); a && a->menu()) suivre(a->menu());
+            } else if (e->type() == QEvent::ActionRemoved) {
+                // A removed item takes its record with it: a library read again makes no heap of them.
+                if (cMenuItems *o = TrouverObjet(menu)) o->oublierAction(static_cast<QActionEvent *>(e)->action(), menu);
+            }
             return false;
         }
         if (e->type() == QEvent::ChildAdded)

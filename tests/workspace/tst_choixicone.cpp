@@ -153,6 +153,8 @@ private slots:
         });
         QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
         QCOMPARE(items, 7);
+        // The records of the items read again take the places of the old ones.
+        QCOMPARE(modMenus::objetFenetre(f->findChild<FrmPop *>())->nombreItems(), 1 + 7);
         QVERIFY(!FrmPop::IconesModifiees);
         QTRY_VERIFY(apropos);
         QCOMPARE(icones(), QStringList{"1"});
