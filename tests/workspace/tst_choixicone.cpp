@@ -107,7 +107,7 @@ private slots:
                                                   [&](FrmAjoutDoc *d) {
             d->Saisie[0]->setText(QStringLiteral("Nouveau"));
             auMenu([](QMenu *menu) { touches(menu, 2); });  // the second item: Favoris, Num 3
-            QTest::mouseClick(d->MIcone, Qt::LeftButton);
+            QTest::keyClick(d->Saisie[0], Qt::Key_I, Qt::ControlModifier);
             tag = d->Tag;
             apercu = d->Icone->pixmap().toImage();
             QTest::mouseClick(d->OK, Qt::LeftButton);
