@@ -184,11 +184,10 @@ void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item
             if (coche) p.fillRect(boite, systeme(22));
             else if (optBarreAuto) p.fillRect(boite, versCouleur(menu));
         }
-        if ((!image.isNull() || coche) && !(survolSimple && !coche) && (coche || surligne)) {
+        // Sunken round a checked item's box, raised round a hovered one's.
+        if ((!image.isNull() || coche) && (coche || surligne) && !(survolSimple && !coche)) {
             etape = QStringLiteral("drawing icon border");
             Bordure3D(p, boite, !coche);
-        } else if (!image.isNull() && coche) {
-            Bordure3D(p, boite, false);
         }
         if (coche && image.isNull()) {
             if (grise) {
@@ -245,7 +244,8 @@ void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item
             }
         }
     } catch (...) {
-        // Only this item stays as far as it got; the menu goes on.
+        // Only this item stays as far as it got, and the menu goes on; the stage is
+        // where a debugger finds it.
         (void)etape;
     }
 }

@@ -81,6 +81,23 @@ private slots:
         QCOMPARE(g->MG->GetColumnInfos(g->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")), 13), QStringLiteral("3"));
     }
 
+    // An empty library: one bar and nothing to pick; Enter changes nothing.
+    void bibliothequeVide() {
+        PrincipaleTest p(kDocuments + QStringLiteral("DELETE FROM Icones;"));
+        frmMain *f = p.f;
+        f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
+        QList<bool> actifs;
+        auMenu([&actifs](QMenu *menu) {
+            for (QAction *a : menu->actions())
+                if (a->isVisible()) actifs << a->isEnabled();
+            touches(menu, 1);
+        });
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QCOMPARE(actifs, QList<bool>{false});
+        QCOMPARE(icones(), QStringList{"1"});
+        QVERIFY(Messages::affiches().isEmpty());
+    }
+
     // The row gone from the base meanwhile: told in French, and nothing else written.
     void documentDisparu() {
         PrincipaleTest p(kDocuments);
