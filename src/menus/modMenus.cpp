@@ -200,6 +200,13 @@ void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item
 
         int slot = (item.Etat & kEtatDefaut) ? 2 : 1;
         if (optSoulignement && selectionne) slot += 3;
+        if (item.Etat & kEtatEchantillon) {
+            // A font list entry shows itself in its own font.
+            QString t, bloc, rc;
+            SepareLegende(item.Legende, t, bloc, rc);
+            PoliceNommee(LireAttribut(bloc, QStringLiteral("LFont:")));
+            slot = optSoulignement && selectionne ? 7 : 6;
+        }
         const QFont &police = PolicesMenus(slot);
         p.setFont(police);
         const QRect zoneTexte(r.left() + 23, r.top(), r.width() - 23 - 16, r.height());
