@@ -28,6 +28,9 @@
 #include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QTimer>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTemporaryDir>
@@ -113,6 +116,29 @@ int main(int argc, char *argv[]) {
     ok &= enregistrer(principale, sortie, QStringLiteral("main_calendrier"));
     principale->RendreSaisieVisible(false, 1, 0);
     principale->RendreSaisieVisibleCalendrier(false);
+
+    // The icon picker open over the main window, an item under the pointer.
+    QTimer::singleShot(200, [&] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu) return;
+        menu->setActiveAction(menu->actions().value(3));
+        QApplication::processEvents();
+        // The window and the menu as the screen shows them, the menu wherever it opened.
+        const QRect fenetre = principale->frameGeometry();
+        const QRect tout = fenetre.united(menu->geometry());
+        QImage ecran(tout.size(), QImage::Format_RGB32);
+        ecran.fill(QColor(0x55, 0x5f, 0x73));
+        QPainter p(&ecran);
+        p.drawPixmap(fenetre.topLeft() - tout.topLeft(), principale->grab());
+        p.drawPixmap(menu->pos() - tout.topLeft(), menu->grab());
+        p.end();
+        const QString chemin = QDir(sortie).filePath(QStringLiteral("main_icones.png"));
+        ok &= ecran.save(chemin);
+        std::printf("wrote %s\n", qPrintable(chemin));
+        menu->hide();
+    });
+    principale->Boutons[16]->enfoncer();
+    emit principale->Boutons[16]->clicked();
 
     FrmAjoutDossier dossier(principale);
     dossier.Saisie->setText(QStringLiteral("Impôts"));

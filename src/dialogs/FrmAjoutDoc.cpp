@@ -124,7 +124,7 @@ void FrmAjoutDoc::creerControles() {
     MIcone->setObjectName(QStringLiteral("MIcone"));
     MIcone->definirImages(imageChoixIcone());
     MIcone->setText(QStringLiteral("Choisir l'icône"));
-    MIcone->setToolTip(QStringLiteral("Choisir l'icône du document"));
+    MIcone->setToolTip(QStringLiteral("Choisir l'icône du document (Ctrl+I)"));
     connect(MIcone, &QAbstractButton::clicked, this, [this] { clicMIcone(); });
 
     OK = creerBoutonOK();
@@ -251,6 +251,12 @@ void FrmAjoutDoc::keyPressEvent(QKeyEvent *e) {
     if (e->key() == Qt::Key_Escape && PanCal->isVisible()) {
         PanCal->hide();
         if (TagPanCal == kDateDebut || TagPanCal == kDateFin) Saisie[TagPanCal]->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    // The keyboard's way to the icon picker, as a click on MIcone.
+    if (e->key() == Qt::Key_I && e->modifiers() == Qt::ControlModifier) {
+        MIcone->enfoncer();
+        clicMIcone();
         return;
     }
     FenetreDialogue::keyPressEvent(e);

@@ -30,6 +30,12 @@ int ListeImages::numeroSuivant() const {
     return plusGrand + 1;
 }
 
+int ListeImages::numeroDeCle(const QString &cle) const {
+    for (int i = 0; i < nombre(); ++i)
+        if (entrees_[i].cle == cle) return i + 1;
+    return 0;
+}
+
 bool ListeImages::chargerBase() {
     vider();
     try {

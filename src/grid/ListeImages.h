@@ -25,6 +25,8 @@ public:
     // nullptr for a number the list lacks.
     const Entree *entree(int numero) const { return existe(numero) ? &entrees_[numero - 1] : nullptr; }
     QImage image(int numero) const { return existe(numero) ? entrees_[numero - 1].image : QImage(); }
+    // The number of the icon of this key ("A " + Num), 0 when the list has none.
+    int numeroDeCle(const QString &cle) const;
 
     // Replaced by the Icones table of the base, in the order of Num then Libelle.
     // An icon whose bytes don't load keeps its place with a null picture, so that

@@ -34,6 +34,9 @@ public:
 
     QSize sizeHint() const override { return {465, 320}; }
 
+    // Who opened the icon picker: "A" for the document dialog, empty for the main window.
+    QString Tag;
+
 signals:
     void Click();
     void DblClick();

@@ -143,6 +143,14 @@ bool MajChampDocument(int indice, const QString &valeur) {
     return true;
 }
 
+bool EcrireIconeDocument(int icone) {
+    Def::CleDocument cle;
+    if (!Def::cleSelection(&cle)) return false;
+    Connexion c;
+    Def::ecrireChamp(c, Def::rowidSelection(c, cle), 11, QString::number(icone));
+    return true;
+}
+
 bool SupprimerDocument() {
     Def::CleDocument cle;
     if (!Def::cleSelection(&cle)) return false;

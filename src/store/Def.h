@@ -45,6 +45,10 @@ bool ConfirmerQuitter();
 // Writes field indice (3 to 10) of the selected document; the caller enciphers first.
 // Returns false when nothing was written (other index, no selection, document gone).
 bool MajChampDocument(int indice, const QString &valeur);
+// Writes the icon number of the selected document, so that an icon chosen in the main
+// window survives the next reload. False when the grid has no document selected;
+// throws Base::ErreurBase when its row has left the base.
+bool EcrireIconeDocument(int icone);
 bool SupprimerDocument();
 bool SupprimerDossier(int num);
 // Writes one field of document num in the selected folder, adding the row if needed.

@@ -57,13 +57,15 @@ constexpr DefinitionBouton kBoutons[frmMain::kNbBoutons] = {
     {1, 5000, "insert-image", true},
 };
 
-// The commands a keyboard reaches without the grid: search, new document and folder, help.
+// The commands a keyboard reaches without the grid: search, new document and folder,
+// the icon of the selected document, help.
 struct Raccourci {
     QKeyCombination touches;
     int bouton;
 };
 constexpr Raccourci kRaccourcis[] = {
-    {Qt::CTRL | Qt::Key_F, 5}, {Qt::CTRL | Qt::Key_N, 11}, {Qt::CTRL | Qt::SHIFT | Qt::Key_N, 10}, {QKeyCombination(Qt::Key_F1), 7}};
+    {Qt::CTRL | Qt::Key_F, 5}, {Qt::CTRL | Qt::Key_N, 11}, {Qt::CTRL | Qt::SHIFT | Qt::Key_N, 10}, {QKeyCombination(Qt::Key_F1), 7},
+    {Qt::CTRL | Qt::Key_I, 16}};
 
 constexpr int kHautBarre = 68;     // 1020 twips
 constexpr int kCoteBouton = 56;

@@ -8,7 +8,9 @@
 #include <QPointer>
 #include <functional>
 
+class FrmAjoutDoc;
 class FrmOptions;
+class FrmPop;
 class MyCoolGrid;
 class QCalendarWidget;
 class QLabel;
@@ -122,6 +124,13 @@ private:
     bool chargementMuet_ = false;
     int rechargements_ = 0;  // a reload after a failure already told: no second message
     QPointer<FrmOptions> options_;
+    // The icon picker, made at its first opening; its choice goes to the document
+    // dialog when the grid's Tag says so, else to the selected document.
+    FrmPop *pop_ = nullptr;
+    QPointer<FrmAjoutDoc> dialogueDocument_;
+    void ouvrirIcones(const QPoint &position);
+    void changerIcone();
+    void iconeChoisie(int num);
 
     // The folder or document the band names, by its keys in the base.
     struct CleSelection {

@@ -18,6 +18,7 @@
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
+#include "workspace/FrmPop.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -219,6 +220,9 @@ void frmMain::commande(int index) {
         RendreSaisieVisibleCalendrier(false);
         break;
     }
+    case 16:
+        changerIcone();
+        break;
     case 15:
         if (MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
             MG->rendreVisible(MG->LigneCourante);
@@ -268,7 +272,10 @@ void frmMain::commande(int index) {
     }
     case 6: {
         // Made at the first opening and kept: a second opening finds it as it was left.
-        if (!options_) options_ = new FrmOptions(this);
+        if (!options_) {
+            options_ = new FrmOptions(this);
+            connect(options_, &FrmOptions::IconesModifiees, this, [] { FrmPop::IconesModifiees = true; });
+        }
         montrerModal(*options_);
         break;
     }

@@ -5,6 +5,7 @@
 #include "dialogs/FrmAjoutDoc.h"
 #include "dialogs/FrmAjoutDossier.h"
 #include "grid/MyCoolGrid.h"
+#include "ui/BoutonImage.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -24,5 +25,11 @@ void frmMain::ouvrirDialogueDossier(const QString &nom, const QString &numero) {
 void frmMain::ouvrirDialogueDocument(const QString &dossier) {
     FrmAjoutDoc dialogue(this);
     dialogue.L[2]->setText(dossier);
+    dialogueDocument_ = &dialogue;
+    connect(&dialogue, &FrmAjoutDoc::iconeDemandee, this, [this, &dialogue] {
+        MG->Tag = QStringLiteral("A");
+        ouvrirIcones(dialogue.MIcone->mapToGlobal(QPoint(0, dialogue.MIcone->height())));
+        MG->Tag.clear();
+    });
     montrerModal(dialogue);
 }

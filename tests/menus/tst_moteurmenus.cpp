@@ -1,0 +1,247 @@
+// The owner-drawn menus as a user sees them: menus shown offscreen, grabbed to
+// pictures, and read pixel by pixel.
+
+#include "grid/ListeImages.h"
+#include "menus/Legende.h"
+#include "menus/cMenuItems.h"
+#include "menus/cTips.h"
+#include "menus/modMenus.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFontMetrics>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+#include <memory>
+
+using namespace modMenus;
+
+namespace {
+
+QColor systeme(int index) { return versCouleur(CouleurReelle(couleurSysteme(index))); }
+
+// The menu shown, laid out and painted, as the screen would show it.
+QImage montrer(QMenu *menu) {
+    if (!menu->isVisible()) menu->popup(QPoint(0, 0));
+    QTest::qWait(20);
+    return menu->grab().toImage();
+}
+
+void fermer(QMenu *menu) {
+    menu->hide();
+    QTest::qWait(10);
+}
+
+// How many pixels of the rectangle are far from the colour.
+int pixelsLoinDe(const QImage &image, const QRect &zone, const QColor &couleur) {
+    int n = 0;
+    for (int y = zone.top(); y <= zone.bottom(); ++y)
+        for (int x = zone.left(); x <= zone.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (qAbs(c.red() - couleur.red()) + qAbs(c.green() - couleur.green()) + qAbs(c.blue() - couleur.blue()) > 90) ++n;
+        }
+    return n;
+}
+
+}  // namespace
+
+class TestMoteurMenus : public QObject {
+    Q_OBJECT
+
+    ListeImages images;
+
+private slots:
+    void initTestCase() {
+        QImage bleu(16, 16, QImage::Format_ARGB32);
+        bleu.fill(QColor(0, 0, 255));
+        images.ajouter(QStringLiteral("A 1"), bleu, QStringLiteral("Bleu"));
+        ChoisirRelief(false);
+        ChoisirDegrade(true);
+        ChoisirSoulignement(true);
+        ChoisirBarreAuto(true);
+    }
+
+    // One menu holding each kind of item, painted as the user sees it.
+    void ceQueVoitLUtilisateur() {
+        QWidget fenetre;
+        auto *menu = new QMenu(&fenetre);
+        menu->addAction(QStringLiteral("{Sidebar|Text:Korvane|BColor:255|FColor:16777215|Width:40}"));
+        QAction *titre = menu->addAction(QStringLiteral("-Titre{Raised}"));
+        QAction *coche = menu->addAction(QStringLiteral("Coché{IMG:i1}"));
+        coche->setCheckable(true);
+        coche->setChecked(true);
+        QAction *grise = menu->addAction(QStringLiteral("Grisé"));
+        grise->setEnabled(false);
+        QAction *defaut = menu->addAction(QStringLiteral("Défaut{Default}"));
+        QAction *normal = menu->addAction(QStringLiteral("Défaut"));
+        QAction *vide = menu->addSeparator();
+        QAction *ouvrir = menu->addAction(QStringLiteral("Ouvrir\tCtrl+O"));
+        AttacherMenus(&fenetre, &images, nullptr, 0);
+        const QImage vue = montrer(menu);
+        cMenuItems *objet = objetFenetre(&fenetre);
+        QVERIFY(objet);
+
+        // The layout: a bar of 4 + 2, items of at least 20 + 2, text + 40, the shortcut's pad.
+        QCOMPARE(objet->itemAction(vide, menu)->Hauteur, 6);
+        const TypeItemMenu *n = objet->itemAction(normal, menu);
+        QCOMPARE(n->Hauteur, qMax(20, QFontMetrics(PolicesMenus(1)).height()) + 2);
+        QCOMPARE(n->Largeur, QFontMetrics(PolicesMenus(1)).horizontalAdvance(QStringLiteral("Défaut")) + 40);
+        QVERIFY(objet->itemAction(defaut, menu)->Largeur > n->Largeur);
+        QCOMPARE(objet->padAction(ouvrir, menu), 15);
+        QCOMPARE(objet->itemAction(ouvrir, menu)->Raccourci, QStringLiteral("Ctrl+O"));
+        int colonne = 0;
+        for (QAction *a : menu->actions())
+            if (const TypeItemMenu *i = objet->itemAction(a, menu); i && a->isVisible()) colonne = qMax(colonne, i->Largeur + objet->padAction(a, menu));
+        QCOMPARE(menu->actionGeometry(normal).width(), colonne);
+        QCOMPARE(menu->actionGeometry(normal).height(), n->Hauteur);
+
+        // The sidebar: a red band 40 pixels wide along the whole left edge, the items beside it.
+        QCOMPARE(menu->actionGeometry(titre).left(), 41);
+        for (int y : {2, menu->height() / 2, menu->height() - 3}) QCOMPARE(vue.pixelColor(3, y), QColor(255, 0, 0));
+        QVERIFY(vue.pixelColor(43, menu->actionGeometry(normal).center().y()) != QColor(255, 0, 0));
+
+        // The raised bar with its title: light above, shadow below, the title in the highlight colour.
+        const QRect t = menu->actionGeometry(titre);
+        const int milieu = t.top() + t.height() / 2;
+        QCOMPARE(vue.pixelColor(t.left() + 4, milieu - 1), systeme(20));
+        QCOMPARE(vue.pixelColor(t.left() + 4, milieu), systeme(16));
+        QVERIFY(pixelsLoinDe(vue, t.adjusted(t.width() / 3, 0, -t.width() / 3, 0), versCouleur(CouleurMenu())) > 5);
+
+        // The checked item: its picture on a light box in a sunken border, no check mark drawn.
+        const QRect c = menu->actionGeometry(coche);
+        QCOMPARE(vue.pixelColor(c.left() + 1, c.top() + 1), systeme(16));
+        QCOMPARE(vue.pixelColor(c.left() + 11, c.center().y()), QColor(0, 0, 255));
+        QCOMPARE(vue.pixelColor(c.left() + 2, c.top() + 2), systeme(22));
+
+        // The default item in bold: more ink for the same word.
+        const QRect d = menu->actionGeometry(defaut), m = menu->actionGeometry(normal);
+        const QColor fond = versCouleur(CouleurMenu());
+        QVERIFY(pixelsLoinDe(vue, d.adjusted(23, 0, 0, 0), fond) > pixelsLoinDe(vue, m.adjusted(23, 0, 0, 0), fond));
+
+        // The shortcut right-aligned, 16 pixels in from the right edge.
+        const QRect o = menu->actionGeometry(ouvrir);
+        QCOMPARE(pixelsLoinDe(vue, QRect(o.right() - 15, o.top(), 15, o.height()), fond), 0);
+        QVERIFY(pixelsLoinDe(vue, QRect(o.right() - 30, o.top(), 14, o.height()), fond) > 0);
+
+        // A greyed item under the pointer keeps the menu's back; an enabled one is highlighted.
+        menu->setActiveAction(grise);
+        QImage survol = montrer(menu);
+        const QRect g = menu->actionGeometry(grise);
+        QCOMPARE(survol.pixelColor(g.right() - 3, g.center().y()), fond);
+        menu->setActiveAction(normal);
+        survol = montrer(menu);
+        QVERIFY(survol.pixelColor(m.right() - 3, m.center().y()) != fond);
+        fermer(menu);
+    }
+
+    // 200 items wrap into columns; a NoScroll sidebar leaves, one without it stays.
+    void colonnesEtNoScroll() {
+        for (const bool noScroll : {true, false}) {
+            QWidget fenetre;
+            auto *menu = new QMenu(&fenetre);
+            menu->addAction(noScroll ? QStringLiteral("{Sidebar|Text:Liste|BColor:255|NoScroll}")
+                                    : QStringLiteral("{Sidebar|Text:Liste|BColor:255}"));
+            for (int i = 0; i < 200; ++i) menu->addAction(QStringLiteral("Élément %1").arg(i));
+            AttacherMenus(&fenetre, &images, nullptr, 0);
+            const QImage vue = montrer(menu);
+            const QList<QAction *> actions = menu->actions();
+            QSet<int> gauches;
+            for (int i = 1; i < actions.size(); ++i) gauches.insert(menu->actionGeometry(actions[i]).left());
+            QVERIFY2(gauches.size() >= 2, "the items wrap into columns");
+            QVERIFY(menu->height() <= menu->screen()->availableGeometry().height());
+            const TypeItemMenu *barre = objetFenetre(&fenetre)->itemAction(actions[0], menu);
+            QCOMPARE(bool(barre->Etat & kEtatBarreOtee), noScroll);
+            QCOMPARE(menu->actionGeometry(actions[1]).left(), noScroll ? 1 : 36);
+            QCOMPARE(vue.pixelColor(10, menu->height() / 2) != QColor(255, 0, 0), noScroll);
+            fermer(menu);
+        }
+    }
+
+    // A text too long for the menu's height breaks into lines and widens its band.
+    void barreTexteSurPlusieursLignes() {
+        QWidget fenetre;
+        auto *menu = new QMenu(&fenetre);
+        menu->addAction(QStringLiteral("{Sidebar|Text:Le gestionnaire<br>des mots de passe|FSize:12|MinFSize:11}"));
+        menu->addAction(QStringLiteral("Un"));
+        menu->addAction(QStringLiteral("Deux"));
+        AttacherMenus(&fenetre, &images, nullptr, 0);
+        montrer(menu);
+        const TypePanneau *panneau = objetFenetre(&fenetre)->GetPanelItem(menu);
+        QVERIFY(panneau->largeurBarre > 35);
+        QCOMPARE(menu->actionGeometry(menu->actions()[1]).left(), 1 + panneau->largeurBarre);
+        QCOMPARE(panneau->barre.height(), menu->height() - 2);
+        fermer(menu);
+    }
+
+    // The moments of a menu's life: prepared once a loop, a sidebar rendered once,
+    // one object a window, commands of the application left alone, fonts freed last.
+    void vieDUnMenu() {
+        auto fenetre = std::make_unique<QWidget>();
+        auto *menu = new QMenu(fenetre.get());
+        menu->addAction(QStringLiteral("{Sidebar|Text:Korvane}"));
+        QAction *item = menu->addAction(QStringLiteral("Avant{Tip:Le conseil}"));
+        QAction *mois = menu->addAction(QStringLiteral("Mars{LMonth:3|lvID:Echeance}"));
+        QAction *sansConseil = menu->addAction(QStringLiteral("Rien{Tip:|}"));
+        cTips tips;
+        AttacherMenus(fenetre.get(), &images, &tips, 0);
+        AttacherMenus(fenetre.get(), &images, &tips, 4);
+        QCOMPARE(nombreFenetresAttachees(), 1);
+        cMenuItems *objet = objetFenetre(fenetre.get());
+        QVERIFY(objet->IsMenuLess);
+
+        QSignalSpy conseils(&tips, &cTips::MontrerConseil);
+        montrer(menu);
+        menu->setActiveAction(item);
+        QCOMPARE(conseils.size(), 1);
+        QCOMPARE(conseils.last().at(0).toString(), QStringLiteral("Le conseil"));
+        menu->setActiveAction(sansConseil);
+        QCOMPARE(conseils.last().at(0).toString(), QString());
+
+        // Opened again in the same loop: not prepared again.
+        item->setText(QStringLiteral("Après"));
+        emit menu->aboutToShow();
+        QCOMPARE(objet->itemAction(item, menu)->Texte, QStringLiteral("Avant"));
+        QStringList choix;
+        connect(&tips, &cTips::ChoixListe, this,
+                [&choix](const QString &, const QString &categorie, QString &valeur) { choix << categorie + u'=' + valeur; });
+        fermer(menu);
+        QCOMPARE(choix, QStringList{cTips::motMenusFermes() + u'='});
+        montrer(menu);
+        QCOMPARE(objet->itemAction(item, menu)->Texte, QStringLiteral("Après"));
+        QCOMPARE(objet->GetPanelItem(menu)->rendus, 1);
+        fermer(menu);
+
+        // A command of the application is not the engine's and reaches the application;
+        // a generated entry is, and goes to the tip receiver.
+        QSignalSpy declenche(item, &QAction::triggered);
+        QVERIFY(!objet->MenuSelected(cMenuItems::idAction(item), menu, false));
+        QVERIFY(!objet->MenuSelected(987654, menu, false));
+        choix.clear();
+        mois->trigger();
+        item->trigger();
+        QCOMPARE(declenche.size(), 1);
+        QCOMPARE(choix, QStringList{QStringLiteral("Month=3")});
+
+        // The last window gone, the fonts go; a new window brings them back.
+        fenetre.reset();
+        QCOMPARE(nombreFenetresAttachees(), 0);
+        QVERIFY(!policesCreees());
+        QWidget autre;
+        AttacherMenus(&autre, &images, nullptr, 0);
+        QVERIFY(policesCreees());
+    }
+
+    void composerLignes() {
+        const QFontMetrics mesures(QApplication::font());
+        QStringList lignes{QStringLiteral("Un<br!>deux trois<br>quatre")};
+        QCOMPARE(ComposerLignes(lignes, true, mesures, 1000), QStringLiteral("Un\r\ndeux trois quatre"));
+        QCOMPARE(ComposerLignes(lignes, false, mesures, 1000), QStringLiteral("Un\r\ndeux trois\r\nquatre"));
+        // No <br> left: the blank nearest the middle of a line too wide.
+        QCOMPARE(ComposerLignes(lignes, false, mesures, 20), QStringLiteral("Un\r\ndeux\r\ntrois\r\nquatre"));
+        QCOMPARE(ComposerLignes(lignes, false, mesures, 10000), QString());
+    }
+};
+
+QTEST_MAIN(TestMoteurMenus)
+#include "tst_moteurmenus.moc"

@@ -1,0 +1,183 @@
+// The icon picker end to end: opened from the main window and from the document
+// dialog, driven by the keyboard, and the base read afterwards.
+
+#include "dialogs/FrmAP.h"
+#include "dialogs/FrmAjoutDoc.h"
+#include "grid/MyCoolGrid.h"
+#include "menus/cMenuItems.h"
+#include "menus/modMenus.h"
+#include "support/PrincipaleTest.h"
+#include "ui/BoutonImage.h"
+#include "workspace/FrmPop.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+
+namespace {
+
+const QString kDocuments = QStringLiteral(
+    "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+    "INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);");
+
+// While the picker's menu is open: the keys, in order, to the menu itself.
+void auMenu(const std::function<void(QMenu *)> &etapes) {
+    QTimer::singleShot(50, [etapes] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu) return;
+        etapes(menu);
+        if (menu->isVisible()) menu->hide();
+    });
+}
+
+void touches(QMenu *menu, int bas) {
+    for (int i = 0; i < bas; ++i) QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+}
+
+QStringList icones(const QString &ou = QStringLiteral("Titre='Alpha'")) {
+    return BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT Icone FROM Documents WHERE ") + ou);
+}
+
+}  // namespace
+
+class TestChoixIcone : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { FrmPop::IconesModifiees = false; }
+
+    // From the main window: the choice shows in the row and stays after a reload;
+    // Escape changes nothing.
+    void depuisLaFenetrePrincipale() {
+        PrincipaleTest p(kDocuments);
+        QVERIFY(p.actif);
+        frmMain *f = p.f;
+        const int ligne = f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1"));
+        QVERIFY(ligne >= 2);
+        f->MG->SelectLine(ligne);
+
+        QStringList vus;
+        auMenu([&vus](QMenu *menu) {
+            for (QAction *a : menu->actions())
+                if (a->isVisible()) vus << a->text().trimmed();
+            QTest::keyClick(menu, Qt::Key_Escape);
+        });
+        QTest::keyClick(f, Qt::Key_I, Qt::ControlModifier);  // the keyboard's way to the picker
+        QCOMPARE(vus, (QStringList{"Compte", "Logiciels", "Favoris", "Email", "Login réseau", "Web"}));
+        QCOMPARE(icones(), QStringList{"1"});
+
+        auMenu([](QMenu *menu) { touches(menu, 3); });  // the third icon: Favoris, Num 3
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QCOMPARE(f->MG->GetColumnInfos(ligne, 13), QStringLiteral("3"));
+        QCOMPARE(icones(), QStringList{"3"});
+        QVERIFY(!f->Boutons[16]->estEnfonce());
+
+        // The window opened again reads the base: the choice is there.
+        Navigation::fermerTout();
+        Navigation::afficherPrincipale();
+        frmMain *g = Navigation::fenetrePrincipale();
+        QCOMPARE(g->MG->GetColumnInfos(g->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")), 13), QStringLiteral("3"));
+    }
+
+    // An empty library: one bar and nothing to pick; Enter changes nothing.
+    void bibliothequeVide() {
+        PrincipaleTest p(kDocuments + QStringLiteral("DELETE FROM Icones;"));
+        frmMain *f = p.f;
+        f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
+        QList<bool> actifs;
+        auMenu([&actifs](QMenu *menu) {
+            for (QAction *a : menu->actions())
+                if (a->isVisible()) actifs << a->isEnabled();
+            touches(menu, 1);
+        });
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QCOMPARE(actifs, QList<bool>{false});
+        QCOMPARE(icones(), QStringList{"1"});
+        QVERIFY(Messages::affiches().isEmpty());
+    }
+
+    // The row gone from the base meanwhile: told in French, and nothing else written.
+    void documentDisparu() {
+        PrincipaleTest p(kDocuments);
+        frmMain *f = p.f;
+        f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("DELETE FROM Documents;"));
+        auMenu([](QMenu *menu) { touches(menu, 2); });
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        const QStringList vus = Messages::affiches();
+        QCOMPARE(vus.size(), 1);
+        QVERIFY(vus.first().startsWith(QStringLiteral("Ce document n'est plus dans la base")));
+        QCOMPARE(icones(QStringLiteral("1")), QStringList{});
+    }
+
+    // From the document dialog, over a library with a gap in its numbers: the preview
+    // shows the chosen icon by its key, and the new document stores its Num.
+    void depuisLeDialogueAvecUnTrou() {
+        PrincipaleTest p(kDocuments + QStringLiteral("DELETE FROM Icones WHERE Num = 2;"));
+        frmMain *f = p.f;
+        f->MG->SelectLine(f->MG->LigneDeCle(true, QStringLiteral("10")));
+        QImage apercu;
+        QString tag;
+        const bool venu = p.dialogue<FrmAjoutDoc>([f] { QTest::mouseClick(f->Boutons[11], Qt::LeftButton); },
+                                                  [&](FrmAjoutDoc *d) {
+            d->Saisie[0]->setText(QStringLiteral("Nouveau"));
+            auMenu([](QMenu *menu) { touches(menu, 2); });  // the second item: Favoris, Num 3
+            QTest::keyClick(d->Saisie[0], Qt::Key_I, Qt::ControlModifier);
+            tag = d->Tag;
+            apercu = d->Icone->pixmap().toImage();
+            QTest::mouseClick(d->OK, Qt::LeftButton);
+        });
+        QVERIFY(venu);
+        QCOMPARE(tag, QStringLiteral("3"));
+        // Nearer to the picture of key "A 3" than to the third picture of the list ("A 4").
+        auto ecart = [&apercu](const QImage &image) {
+            const QImage a = apercu.convertToFormat(QImage::Format_ARGB32);
+            const QImage b = image.scaled(a.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(QImage::Format_ARGB32);
+            qint64 somme = 0;
+            for (int y = 0; y < a.height(); ++y)
+                for (int x = 0; x < a.width(); ++x) somme += qAbs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) + qAbs(qAlpha(a.pixel(x, y)) - qAlpha(b.pixel(x, y)));
+            return somme;
+        };
+        QVERIFY(!apercu.isNull());
+        QVERIFY(ecart(f->imgCONTENU.image(f->imgCONTENU.numeroDeCle(QStringLiteral("A 3")))) < ecart(f->imgCONTENU.image(3)));
+        QCOMPARE(icones(QStringLiteral("Titre='Nouveau'")), QStringList{"3"});
+        QVERIFY(f->MG->Tag.isEmpty());
+    }
+
+    // A changed library is read again before the menu opens; a click on the sidebar
+    // shows the about box once the menu has closed.
+    void bibliothequeModifieeEtBarre() {
+        PrincipaleTest p(kDocuments);
+        frmMain *f = p.f;
+        f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
+        auMenu([](QMenu *menu) { QTest::keyClick(menu, Qt::Key_Escape); });
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("INSERT INTO Icones SELECT 9, ico, 'Neuve' FROM Icones WHERE Num = 1;"));
+        f->imgCONTENU.chargerBase();
+        FrmPop::IconesModifiees = true;
+
+        int items = 0;
+        bool apropos = false;
+        f->definirPreparationDialogue([&apropos](QWidget *d) {
+            apropos = qobject_cast<FrmAP *>(d) != nullptr;
+            QTimer::singleShot(0, d, [d] { d->close(); });
+        });
+        auMenu([&items](QMenu *menu) {
+            for (QAction *a : menu->actions()) items += a->isVisible();
+            QTest::mouseClick(menu, Qt::LeftButton, {}, QPoint(10, menu->height() / 2));
+        });
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QCOMPARE(items, 7);
+        // The records of the items read again take the places of the old ones.
+        QCOMPARE(modMenus::objetFenetre(f->findChild<FrmPop *>())->nombreItems(), 1 + 7);
+        QVERIFY(!FrmPop::IconesModifiees);
+        QTRY_VERIFY(apropos);
+        QCOMPARE(icones(), QStringList{"1"});
+        f->definirPreparationDialogue(nullptr);
+    }
+};
+
+QTEST_MAIN(TestChoixIcone)
+#include "tst_choixicone.moc"
