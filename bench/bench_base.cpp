@@ -3,6 +3,7 @@
 
 #include "store/Base.h"
 #include "store/Chemins.h"
+#include "Banc.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -52,10 +53,4 @@ void BM_OuverturePhrase(benchmark::State &s) {
 BENCHMARK(BM_OuvertureConnexion)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_OuverturePhrase)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::SansEcran); }

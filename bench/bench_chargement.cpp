@@ -15,6 +15,7 @@
 #include "ui/Messages.h"
 #include "workspace/Chargement.h"
 #include "workspace/frmMain.h"
+#include "Banc.h"
 
 #include <QApplication>
 #include <QDir>
@@ -225,11 +226,7 @@ BENCHMARK(BM_LireArbre)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RequeteNue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    if (argc == 3 && std::strcmp(argv[1], "--memoire") == 0) return mesurerMemoire(std::atoi(argv[2]));
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Banc::lancer(argc, argv, Banc::Application::AvecFenetres, [](int n, char **arguments) {
+        return n == 3 && std::strcmp(arguments[1], "--memoire") == 0 ? mesurerMemoire(std::atoi(arguments[2])) : -1;
+    });
 }

@@ -11,6 +11,7 @@
 #include "support/BaseExemple.h"
 #include "ui/Messages.h"
 #include "workspace/frmMain.h"
+#include "Banc.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -46,11 +47,4 @@ void BM_EditerUnChamp(benchmark::State &s) {
 
 BENCHMARK(BM_EditerUnChamp)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char **argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::AvecFenetres); }

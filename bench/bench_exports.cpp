@@ -5,6 +5,7 @@
 #include "options/Exports.h"
 #include "support/EnvironnementTest.h"
 #include "ui/Chaines.h"
+#include "Banc.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -62,12 +63,4 @@ BENCHMARK(BM_Ecrire<Exports::CreerFicCsv>)->Name("BM_CreerFicCsv")->Unit(benchma
 BENCHMARK(BM_Ecrire<Exports::CreerFicXml>)->Name("BM_CreerFicXml")->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Ecrire<Exports::creerTout>)->Name("BM_creerTout")->Unit(benchmark::kMillisecond);
 
-int main(int argc, char **argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::AvecFenetres); }

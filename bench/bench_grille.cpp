@@ -3,6 +3,7 @@
 
 #include "grid/MyCoolGrid.h"
 #include "support/EnvironnementTest.h"
+#include "Banc.h"
 
 #include <QApplication>
 #include <QImage>
@@ -138,12 +139,4 @@ BENCHMARK(BM_AjouterDocumentsApresLesDossiers)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_OuvrirFermerDossier)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_PeindreUnEcran)->Args({100, 0})->Args({100000, 0})->Args({100000, 1})->Unit(benchmark::kMicrosecond);
 
-int main(int argc, char **argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::AvecFenetres); }

@@ -13,6 +13,7 @@
 #include "support/BaseExemple.h"
 #include "ui/Messages.h"
 #include "workspace/frmMain.h"
+#include "Banc.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -106,11 +107,4 @@ BENCHMARK(BM_Valider)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_MajIcones)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RequeteNue)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char **argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::AvecFenetres); }

@@ -2,6 +2,7 @@
 // captions split, and five attributes read from each.
 
 #include "menus/Legende.h"
+#include "Banc.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -48,10 +49,4 @@ BENCHMARK(BM_SepareEtLit)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);  // text work: no screen
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::SansEcran); }

@@ -5,6 +5,7 @@
 #include "grid/ListeImages.h"
 #include "menus/cMenuItems.h"
 #include "menus/modMenus.h"
+#include "Banc.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -96,11 +97,4 @@ BENCHMARK(BM_BarreTexte)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-int main(int argc, char **argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::AvecFenetres); }

@@ -4,6 +4,7 @@
 #include "grid/ModeleGrille.h"
 #include "search/Recherche.h"
 #include "support/EnvironnementTest.h"
+#include "Banc.h"
 
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>
@@ -64,10 +65,4 @@ BENCHMARK(BM_ChercherDossiers)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);  // the scan needs no screen
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::SansEcran); }
