@@ -52,21 +52,24 @@ const QCollator &collateurFrancais() {
 }
 
 QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
-    Requete r(c, "SELECT Num, Nom, rowid FROM Dossiers WHERE NumCompte=? ORDER BY Nom ASC, Num ASC");
+    Requete r(c, "SELECT Num, Nom, rowid FROM Dossiers WHERE NumCompte=?");
     r.lier(1, numCompte);
     QList<Dossier> lus;
-    std::vector<QStringView> noms;
     while (r.suivante()) lus.append({r.entier(0), r.entierLong(2), r.texte(1)});
-    for (const Dossier &d : lus) noms.push_back(d.nom);
+    std::vector<QStringView> noms;
+    std::vector<int> nums;
+    for (const Dossier &d : lus) {
+        noms.push_back(d.nom);
+        nums.push_back(d.num);
+    }
     QList<Dossier> dossiers;
     dossiers.reserve(lus.size());
-    for (const int i : ordreFrancais(noms)) dossiers.append(lus[i]);
+    for (const int i : ordreDesDossiers(noms, nums)) dossiers.append(lus[i]);
     return dossiers;
 }
-}  // namespace
 
-int comparerFrancais(QStringView a, QStringView b) { return collateurFrancais().compare(a, b); }
-
+// The French order of the texts, blind to case, and to accents at the first level
+// ("École" before "zèbre"); equal texts keep the order they came in.
 std::vector<int> ordreFrancais(const std::vector<QStringView> &textes) {
     const QCollator &collateur = collateurFrancais();
     std::vector<QCollatorSortKey> cles;
@@ -76,6 +79,46 @@ std::vector<int> ordreFrancais(const std::vector<QStringView> &textes) {
     std::iota(ordre.begin(), ordre.end(), 0);
     std::stable_sort(ordre.begin(), ordre.end(), [&cles](int a, int b) { return cles[size_t(a)].compare(cles[size_t(b)]) < 0; });
     return ordre;
+}
+
+// The positions ordered by the ties first, then put in French order keeping them.
+template <typename Avant>
+std::vector<int> enFrancaisPuis(const std::vector<QStringView> &textes, Avant avant) {
+    std::vector<int> parLiens(textes.size());
+    std::iota(parLiens.begin(), parLiens.end(), 0);
+    std::stable_sort(parLiens.begin(), parLiens.end(), avant);
+    std::vector<QStringView> ranges;
+    ranges.reserve(textes.size());
+    for (const int i : parLiens) ranges.push_back(textes[size_t(i)]);
+    std::vector<int> ordre;
+    ordre.reserve(textes.size());
+    for (const int i : ordreFrancais(ranges)) ordre.push_back(parLiens[size_t(i)]);
+    return ordre;
+}
+}  // namespace
+
+std::vector<int> ordreDesDossiers(const std::vector<QStringView> &noms, const std::vector<int> &nums) {
+    std::vector<QByteArray> octets;
+    for (const QStringView n : noms) octets.push_back(n.toUtf8());
+    return enFrancaisPuis(noms, [&](int a, int b) {
+        return octets[size_t(a)] != octets[size_t(b)] ? octets[size_t(a)] < octets[size_t(b)] : nums[size_t(a)] < nums[size_t(b)];
+    });
+}
+
+std::vector<int> ordreDesDocuments(const std::vector<RangDocument> &documents) {
+    std::vector<QStringView> titres;
+    titres.reserve(documents.size());
+    for (const RangDocument &d : documents) titres.push_back(d.titre);
+    return enFrancaisPuis(titres, [&](int a, int b) {
+        const RangDocument &x = documents[size_t(a)], &y = documents[size_t(b)];
+        return x.num != y.num ? x.num < y.num : x.rowid < y.rowid;
+    });
+}
+
+int comparerDocuments(const RangDocument &a, const RangDocument &b) {
+    if (const int c = collateurFrancais().compare(a.titre, b.titre); c != 0) return c;
+    if (a.num != b.num) return a.num < b.num ? -1 : 1;
+    return a.rowid < b.rowid ? -1 : (a.rowid > b.rowid ? 1 : 0);
 }
 
 void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,

@@ -42,13 +42,18 @@ bool lireDocument(int numCompte, qint64 rowid, Document &document);
 // account's documents carry that number; false when there is no such folder.
 bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num, int &documents);
 
-// Below 0 when a comes before b in French order, 0 when they are equal there.
-int comparerFrancais(QStringView a, QStringView b);
-
-// The French order of the texts, blind to case, and to accents at the first level
-// ("École" before "zèbre"); equal texts keep the order they came in. Returns their
-// positions in that order.
-std::vector<int> ordreFrancais(const std::vector<QStringView> &textes);
+// The orders of a load. A folder comes by name, in French order; equal names by
+// their bytes, then their number. A document comes by title, in French order; equal
+// titles by number, then by row of the base. Each answers positions into its list.
+std::vector<int> ordreDesDossiers(const std::vector<QStringView> &noms, const std::vector<int> &nums);
+struct RangDocument {
+    QStringView titre;
+    int num = 0;
+    qint64 rowid = 0;
+};
+std::vector<int> ordreDesDocuments(const std::vector<RangDocument> &documents);
+// Below 0 when a comes before b in that order, above 0 when after.
+int comparerDocuments(const RangDocument &a, const RangDocument &b);
 
 }  // namespace Chargement
 

@@ -54,15 +54,13 @@ void frmMain::ChargerTreeview(int numCompte) {
                                                         doc.num, doc.dossier);
                 if (ligne >= 0) venus[size_t(indice)].push_back({ligne, doc.num.toInt(), doc.rowid});
             });
-        // By title as the user reads them; equal titles by number, then by row of the base.
         std::vector<std::vector<int>> ordre(venus.size());
         for (size_t k = 0; k < venus.size(); ++k) {
             std::vector<Venu> &v = venus[k];
-            std::sort(v.begin(), v.end(), [](const Venu &a, const Venu &b) { return a.num != b.num ? a.num < b.num : a.rowid < b.rowid; });
-            std::vector<QStringView> titres;
-            titres.reserve(v.size());
-            for (const Venu &e : v) titres.push_back(MG->vue(e.ligne, 3));
-            for (const int i : Chargement::ordreFrancais(titres)) ordre[k].push_back(v[size_t(i)].ligne);
+            std::vector<Chargement::RangDocument> rangs;
+            rangs.reserve(v.size());
+            for (const Venu &e : v) rangs.push_back({MG->vue(e.ligne, 3), e.num, e.rowid});
+            for (const int i : Chargement::ordreDesDocuments(rangs)) ordre[k].push_back(v[size_t(i)].ligne);
             std::vector<Venu>().swap(v);
         }
         MG->rangerFilsEnVrac(ordre);

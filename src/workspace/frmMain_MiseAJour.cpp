@@ -7,6 +7,7 @@
 #include "Chargement.h"
 #include "grid/MyCoolGrid.h"
 #include "store/Base.h"
+#include "store/Def.h"
 #include "store/Session.h"
 
 #include <QVariant>
@@ -15,22 +16,9 @@
 namespace {
 constexpr int kColonneTitre = 3;
 constexpr int kColonneNom = 2;
-constexpr int kColonneNumDocument = 16;
-constexpr int kColonneNumDossier = 17;
-constexpr int kColonneRowid = 18;
-
-// A document's place in the order of a load: title in French order, then number,
-// then row of the base. Below 0 when a comes first.
-struct Rang {
-    QStringView titre;
-    int num = 0;
-    qint64 rowid = 0;
-};
-int comparer(const Rang &a, const Rang &b) {
-    if (const int c = Chargement::comparerFrancais(a.titre, b.titre); c != 0) return c;
-    if (a.num != b.num) return a.num < b.num ? -1 : 1;
-    return a.rowid < b.rowid ? -1 : (a.rowid > b.rowid ? 1 : 0);
-}
+using Def::kColonneNumDocument;
+using Def::kColonneNumDossier;
+using Def::kColonneRowid;
 
 // The folder of number num, as a load attaches documents to it: the last one of that number.
 int dossierDeNumero(const ModeleGrille &g, QStringView num) {
@@ -39,30 +27,14 @@ int dossierDeNumero(const ModeleGrille &g, QStringView num) {
     return -1;
 }
 
-// The folders in the order of a load: by name in the engine's order, then number,
-// then put in French order keeping those ties.
 std::vector<int> ordreDesDossiers(const ModeleGrille &g) {
-    struct Dossier {
-        QStringView nom;
-        QByteArray octets;
-        int num;
-    };
-    std::vector<Dossier> dossiers;
-    for (int k = 0; k < g.nbParents(); ++k) {
-        const QStringView nom = g.vue(g.ligneParent(k), kColonneNom).mid(1);  // the grid shows it after a blank
-        dossiers.push_back({nom, nom.toUtf8(), grille::nombre(g.vue(g.ligneParent(k), kColonneNumDossier))});
-    }
-    std::vector<int> parOctets(dossiers.size());
-    for (size_t i = 0; i < parOctets.size(); ++i) parOctets[i] = int(i);
-    std::stable_sort(parOctets.begin(), parOctets.end(), [&dossiers](int a, int b) {
-        const Dossier &x = dossiers[size_t(a)], &y = dossiers[size_t(b)];
-        return x.octets != y.octets ? x.octets < y.octets : x.num < y.num;
-    });
     std::vector<QStringView> noms;
-    for (const int i : parOctets) noms.push_back(dossiers[size_t(i)].nom);
-    std::vector<int> ordre;
-    for (const int i : Chargement::ordreFrancais(noms)) ordre.push_back(parOctets[size_t(i)]);
-    return ordre;
+    std::vector<int> nums;
+    for (int k = 0; k < g.nbParents(); ++k) {
+        noms.push_back(g.vue(g.ligneParent(k), kColonneNom).mid(1));  // the grid shows it after a blank
+        nums.push_back(grille::nombre(g.vue(g.ligneParent(k), kColonneNumDossier)));
+    }
+    return Chargement::ordreDesDossiers(noms, nums);
 }
 }  // namespace
 
@@ -95,11 +67,11 @@ void frmMain::documentAjoute(qint64 rowid) {
     MG->lignesFils(dossier, debut, fin);
     // The folder shows its documents from the last in load order: the new one goes
     // above the first that comes before it.
-    const Rang nouveau{doc.infos.value(0), doc.num.toInt(), doc.rowid};
+    const Chargement::RangDocument nouveau{doc.infos.value(0), doc.num.toInt(), doc.rowid};
     int ligne = debut;
-    while (ligne <= fin && comparer({MG->vue(ligne, kColonneTitre), grille::nombre(MG->vue(ligne, kColonneNumDocument)),
-                                     MG->vue(ligne, kColonneRowid).toLongLong()},
-                                    nouveau) > 0)
+    while (ligne <= fin && Chargement::comparerDocuments({MG->vue(ligne, kColonneTitre), grille::nombre(MG->vue(ligne, kColonneNumDocument)),
+                                                          MG->vue(ligne, kColonneRowid).toLongLong()},
+                                                         nouveau) > 0)
         ++ligne;
     MG->insererFils(ligne, doc.infos, dossier, doc.icone == 0 ? 2 : doc.icone, 0, QString::number(Session::NumCompteCourant),
                     doc.num, doc.dossier);
