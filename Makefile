@@ -1,4 +1,4 @@
-# Korvane: make run | make test | make bench | make shots | make sanitize | make fuzz
+# Korvane: make run | make test | make package | make install | make bench | make shots | make sanitize | make fuzz
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
@@ -8,13 +8,17 @@ PACKAGES := cmake make g++ pkg-config \
 	libsqlcipher-dev sqlcipher libssl-dev \
 	libgtest-dev libgmock-dev libbenchmark-dev \
 	xvfb xauth fonts-dejavu-core papirus-icon-theme \
-	xdg-utils shared-mime-info desktop-file-utils libfile-mimeinfo-perl
+	xdg-utils shared-mime-info desktop-file-utils libfile-mimeinfo-perl \
+	librsvg2-bin appstream dpkg-dev file
 
 # What only make fuzz needs: clang and its libFuzzer runtime.
 FUZZ_PACKAGES := clang libclang-rt-14-dev
 FUZZ_SECONDS ?= 120
 
-.PHONY: all deps build run test bench shots sanitize fuzz clean
+# make install: under PREFIX, or under DESTDIR/PREFIX for a staged tree.
+PREFIX ?= /usr/local
+
+.PHONY: all deps build run test package install bench shots sanitize fuzz clean
 
 all: build
 
@@ -41,6 +45,13 @@ run: build
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j$(JOBS)
+
+# korvane_<version>_amd64.deb in $(BUILD), its dependencies computed by dpkg-shlibdeps.
+package: build
+	cd $(BUILD) && cpack -G DEB
+
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix $(PREFIX)
 
 bench: build
 	@for b in $(BUILD)/bin/bench_*; do echo "== $$b"; $$b; done

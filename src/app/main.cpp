@@ -2,6 +2,7 @@
 #include "app/Navigation.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
+#include "store/CopieBase.h"
 #include "ui/Messages.h"
 
 #include <QApplication>
@@ -19,6 +20,11 @@ int main(int argc, char *argv[]) {
                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traduction);
 
+    QString raison;
+    if (!Chemins::preparerDossierProgramme(&raison)) {
+        Messages::information(raison);
+        return 1;
+    }
     // The command line is ignored, the path of an opened .kvx file included.
     InstanceUnique instance(Chemins::cheminBase());
     if (!instance.acquerir()) {
@@ -26,6 +32,8 @@ int main(int argc, char *argv[]) {
         return 0;
     }
     try {
+        const QString reprise = CopieBase::reprendreBaseVoisine();
+        if (!reprise.isEmpty()) Messages::information(reprise);
         Base::preparerBase();
     } catch (const Base::ErreurBase &e) {
         Messages::information(e.message());

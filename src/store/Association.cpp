@@ -1,6 +1,8 @@
 // Registers .kvx files with Korvane for the current user, the freedesktop way: a MIME
-// type, a desktop entry, the program's icon, and Korvane as default application.
+// type, a desktop entry, the program's icon, and Korvane as default application. An
+// installed Korvane has all but the last from its package.
 
+#include "Chemins.h"
 #include "Def.h"
 #include "FichierEntier.h"
 #include "ui/Art.h"
@@ -12,6 +14,7 @@
 #include <QFileInfo>
 #include <QPixmap>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTextStream>
 
@@ -82,44 +85,54 @@ void actualiser(const QString &outil, const QStringList &arguments) {
     if (!p.waitForFinished(10000)) p.kill();
 }
 
+QByteArray ressource(const QString &nom) {
+    QFile f(nom);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// The package's desktop entry, made to start the executable at chemin.
+QString entreePour(const QString &chemin) {
+    return QString::fromUtf8(ressource(QStringLiteral(":/bureau/korvane.desktop")))
+        .replace(QStringLiteral("\nExec=korvane "), QStringLiteral("\nExec=") + argumentExec(chemin) + u' ');
+}
+
+QString cheminEntreePersonnelle() {
+    const QString donnees = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return donnees.isEmpty() ? QString() : QDir(donnees).filePath(QStringLiteral("applications/") + kEntree);
+}
+
+// Korvane as the default application of its files, in the user's mimeapps.list.
+void choisirParDefaut() {
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    if (config.isEmpty()) return;
+    const QString liste = QDir(config).filePath(QStringLiteral("mimeapps.list"));
+    fixerDansListe(liste, QStringLiteral("Default Applications"), kTypeMime, kEntree);
+    fixerDansListe(liste, QStringLiteral("Added Associations"), kTypeMime, kEntree + u';');
+}
+
 }  // namespace
 
 void AssocierExtension() {
+    // Installed, the package brings the type, the entry and the icons for every user:
+    // only the user's choice of Korvane is written here.
+    if (Chemins::installe()) {
+        OterEntreePortable();
+        choisirParDefaut();
+        return;
+    }
     const QString donnees = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    if (donnees.isEmpty() || config.isEmpty()) return;
+    if (donnees.isEmpty() || QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).isEmpty()) return;
     const QDir d(donnees);
 
-    ecrireTexte(d.filePath(QStringLiteral("mime/packages/korvane.xml")),
-                QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                               "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
-                               "  <mime-type type=\"%1\">\n"
-                               "    <comment>Korvane</comment>\n"
-                               "    <icon name=\"korvane\"/>\n"
-                               "    <glob pattern=\"*.kvx\"/>\n"
-                               "  </mime-type>\n"
-                               "</mime-info>\n")
-                    .arg(kTypeMime));
-
-    ecrireTexte(d.filePath(QStringLiteral("applications/") + kEntree),
-                QStringLiteral("[Desktop Entry]\n"
-                               "Type=Application\n"
-                               "Name=Korvane\n"
-                               "Comment=Le gestionnaire des mots de passe\n"
-                               "Exec=%1 %f\n"
-                               "Icon=korvane\n"
-                               "MimeType=%2;\n"
-                               "Terminal=false\n"
-                               "Categories=Utility;Security;\n")
-                    .arg(argumentExec(QCoreApplication::applicationFilePath()), kTypeMime));
+    ecrireOctets(d.filePath(QStringLiteral("mime/packages/korvane.xml")), ressource(QStringLiteral(":/bureau/korvane.xml")));
+    ecrireTexte(cheminEntreePersonnelle(), entreePour(QCoreApplication::applicationFilePath()));
 
     // The program's icon, for the application and for its files.
-    QFile svg(QStringLiteral(":/art/korvane.svg"));
-    if (svg.open(QIODevice::ReadOnly)) {
-        const QByteArray octets = svg.readAll();
+    const QByteArray svg = ressource(QStringLiteral(":/art/korvane.svg"));
+    if (!svg.isEmpty()) {
         for (const QString &chemin : {QStringLiteral("icons/hicolor/scalable/apps/korvane.svg"),
                                       QStringLiteral("icons/hicolor/scalable/mimetypes/application-x-korvane.svg")})
-            ecrireOctets(d.filePath(chemin), octets);
+            ecrireOctets(d.filePath(chemin), svg);
     }
     QByteArray png;
     QBuffer tampon(&png);
@@ -127,11 +140,26 @@ void AssocierExtension() {
     if (Art::pixmap(QStringLiteral("korvane"), QSize(48, 48)).save(&tampon, "PNG"))
         ecrireOctets(d.filePath(QStringLiteral("icons/hicolor/48x48/apps/korvane.png")), png);
 
-    fixerDansListe(QDir(config).filePath(QStringLiteral("mimeapps.list")), QStringLiteral("Default Applications"), kTypeMime,
-                   kEntree);
-    fixerDansListe(QDir(config).filePath(QStringLiteral("mimeapps.list")), QStringLiteral("Added Associations"), kTypeMime,
-                   kEntree + u';');
+    choisirParDefaut();
 
     actualiser(QStringLiteral("update-mime-database"), {d.filePath(QStringLiteral("mime"))});
     actualiser(QStringLiteral("update-desktop-database"), {d.filePath(QStringLiteral("applications"))});
+}
+
+void OterEntreePortable() {
+    if (!Chemins::installe()) return;
+    const QString chemin = cheminEntreePersonnelle();
+    QFile f(chemin);
+    if (chemin.isEmpty() || !f.open(QIODevice::ReadOnly)) return;
+    const QString texte = QString::fromUtf8(f.readAll());
+    f.close();
+    // Only an entry as Korvane writes it for a copy run from its own folder, whatever
+    // that folder: one the user changed by hand is theirs to keep.
+    static const QRegularExpression exec(QStringLiteral("^Exec=\"(?:[^\"\\\\]|\\\\.)*\" %f$"),
+                                         QRegularExpression::MultilineOption);
+    const QRegularExpressionMatch m = exec.match(texte);
+    if (!m.hasMatch()) return;
+    const QString modele = QString(texte).replace(m.capturedStart(), m.capturedLength(), QStringLiteral("Exec=korvane %f"));
+    if (modele.toUtf8() != ressource(QStringLiteral(":/bureau/korvane.desktop")) || !QFile::remove(chemin)) return;
+    actualiser(QStringLiteral("update-desktop-database"), {QFileInfo(chemin).absolutePath()});
 }

@@ -2,6 +2,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <sys/stat.h>
 
 namespace Chemins {
 
@@ -10,14 +15,62 @@ QString &dossierChoisi() {
     static QString dossier;
     return dossier;
 }
+
+const Disposition &dispositionDuProgramme() {
+    static const Disposition d = disposition(QCoreApplication::applicationDirPath());
+    return d;
+}
+
+// Folders made for Korvane are the user's alone, as the desktop's own rules ask for
+// the data folders, whatever the umask.
+bool creerDossierPrive(const QString &chemin) {
+    const QFileInfo info(chemin);
+    if (info.isDir()) return true;
+    if (info.exists() || !creerDossierPrive(info.absolutePath())) return false;
+    const QByteArray local = QFile::encodeName(chemin);
+    return ::mkdir(local.constData(), 0700) == 0 && ::chmod(local.constData(), 0700) == 0;
+}
 }  // namespace
+
+Disposition disposition(const QString &dossierExecutable) {
+    const QDir executable(dossierExecutable);
+    const QString aideVoisine = executable.filePath(QStringLiteral("Aide"));
+    const QString aideInstallee = QDir::cleanPath(executable.filePath(QStringLiteral("../share/korvane/Aide")));
+    Disposition d;
+    // A folder we may write into but laid out as an installation (make install into
+    // ~/.local, or the administrator running the package) is an installation too.
+    d.installe = !QFileInfo(dossierExecutable).isWritable() ||
+                 (!QFileInfo::exists(aideVoisine) && QFileInfo(aideInstallee).isDir());
+    QString donnees = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (donnees.isEmpty()) donnees = QDir::home().filePath(QStringLiteral(".local/share"));
+    d.programme = d.installe ? QDir(donnees).filePath(QStringLiteral("Korvane")) : executable.absolutePath();
+    d.aide = QFileInfo::exists(aideVoisine) ? aideVoisine : aideInstallee;
+    return d;
+}
 
 QString dossierProgramme() {
     if (!dossierChoisi().isEmpty()) return dossierChoisi();
-    return QCoreApplication::applicationDirPath();
+    return dispositionDuProgramme().programme;
 }
 
 void definirDossierProgramme(const QString &dossier) { dossierChoisi() = dossier; }
+
+bool installe() { return dossierChoisi().isEmpty() && dispositionDuProgramme().installe; }
+
+QString dossierAide() {
+    if (!dossierChoisi().isEmpty()) return QDir(dossierChoisi()).filePath(QStringLiteral("Aide"));
+    return dispositionDuProgramme().aide;
+}
+
+bool preparerDossierProgramme(QString *raison) {
+    const QString dossier = dossierProgramme();
+    if (creerDossierPrive(dossier)) return true;
+    if (raison)
+        *raison = QStringLiteral("Le dossier de Korvane %1 n'a pas pu être créé.\n"
+                                 "Vérifiez les droits de son dossier parent et la place libre sur le disque.")
+                      .arg(QDir::toNativeSeparators(dossier));
+    return false;
+}
 
 QString cheminBase() { return QDir(dossierProgramme()).filePath(QStringLiteral("korvane.kvx")); }
 QString fichierIcoTmp() { return QDir(dossierProgramme()).filePath(QStringLiteral("ico.tmp")); }

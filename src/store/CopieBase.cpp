@@ -4,6 +4,8 @@
 #include "Chemins.h"
 #include "FichierEntier.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -69,6 +71,21 @@ void remplacer(const QString &source) {
     remplir(nouvelle, source);
     if (QFileInfo::exists(Chemins::cheminBase())) copierEntier(Chemins::cheminBase(), cheminSauvegarde());
     valider(nouvelle);
+}
+
+QString reprendreBaseVoisine() {
+    const QString voisine = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("korvane.kvx"));
+    if (!Chemins::installe() || !QFileInfo::exists(voisine) || QFileInfo::exists(Chemins::cheminBase()) ||
+        memeFichier(voisine, Chemins::cheminBase()))
+        return {};
+    const QString ici = QDir::toNativeSeparators(voisine), la = QDir::toNativeSeparators(Chemins::dossierProgramme());
+    QString raison;
+    if (!Base::estBaseKorvane(voisine, &raison))
+        return QStringLiteral("La base %1 n'a pas été reprise :\n%2\nKorvane commence une base neuve dans %3 ; "
+                              "le fichier %1 n'a pas été modifié.").arg(ici, raison, la);
+    copierEntier(voisine, Chemins::cheminBase());
+    return QStringLiteral("Korvane garde désormais sa base dans %2, car il ne peut pas écrire à côté du programme.\n"
+                          "La base %1 y a été copiée ; l'originale n'a pas été modifiée.").arg(ici, la);
 }
 
 }  // namespace CopieBase

@@ -24,4 +24,10 @@ bool memeFichier(const QString &a, const QString &b);
 // Where the replaced base is kept.
 QString cheminSauvegarde();
 
+// Installed, the base lives in the user's data folder. A base that a copy run from the
+// executable's folder left there is copied in once, while the user's folder holds none;
+// the original stays as it was. Returns what to tell the user, empty when there was
+// nothing to do. Throws Base::ErreurBase when the copy fails, nothing created.
+QString reprendreBaseVoisine();
+
 }  // namespace CopieBase

@@ -65,5 +65,10 @@ QByteArray LireFichier(const QString &chemin);
 // Creates or empties the file and writes the text followed by CR LF.
 void EcrireFichier(const QString &chemin, const QByteArray &texte);
 
-// Registers .kvx files with Korvane for the current user.
+// Registers .kvx files with Korvane for the current user. Run from its own folder, Korvane
+// writes the type, its entry and icon; installed, the package has them and only the choice
+// of Korvane as default application is written.
 void AssocierExtension();
+// Installed, removes the user's own desktop entry that a copy run from its folder wrote:
+// it would hide the package's entry and start that copy.
+void OterEntreePortable();

@@ -182,6 +182,8 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     if (Reglages::lireNombre(Reglages::Cle::Demarrage) == 0) {
         AssocierExtension();
         Reglages::ecrire(Reglages::Cle::Demarrage, 1);
+    } else {
+        OterEntreePortable();  // a copy used before the package was installed registered itself
     }
     Session::ModeLogin = 0;
     placerSelonReglages();

@@ -280,9 +280,10 @@ void frmMain::commande(int index) {
         break;
     }
     case 7: {
-        const QString index = QDir(Chemins::dossierProgramme()).filePath(QStringLiteral("Aide/index.htm"));
+        const QString index = QDir(Chemins::dossierAide()).filePath(QStringLiteral("index.htm"));
         if (!QFileInfo::exists(index)) {
-            Messages::information(QStringLiteral("Les pages d'aide sont introuvables : le dossier « Aide » manque à côté du programme."));
+            Messages::information(QStringLiteral("Les pages d'aide sont introuvables : le dossier « Aide » manque dans %1.")
+                                      .arg(QDir::toNativeSeparators(QFileInfo(Chemins::dossierAide()).absolutePath())));
             return;
         }
         // Over the grid until the next command; a second click reloads it.
