@@ -50,7 +50,7 @@ TEST(Association, EnregistreLeTypeLEntreeLIconeEtLApplicationParDefaut) {
     EXPECT_TRUE(entree.contains("MimeType=application/x-korvane;"));
     EXPECT_TRUE(entree.contains("Exec=\"" + QCoreApplication::applicationFilePath() + "\" %f\n")) << entree.toStdString();
     EXPECT_TRUE(entree.contains("Icon=korvane"));
-    EXPECT_EQ(sortieDe("desktop-file-validate", {donnees.filePath("applications/korvane.desktop")}), "");
+    EXPECT_EQ(QProcess::execute("desktop-file-validate", {donnees.filePath("applications/korvane.desktop")}), 0);
     EXPECT_TRUE(QFile::exists(donnees.filePath("icons/hicolor/scalable/apps/korvane.svg")));
     EXPECT_TRUE(QFile::exists(donnees.filePath("icons/hicolor/48x48/apps/korvane.png")));
 
