@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <sys/stat.h>
 
 namespace Chemins {
@@ -28,7 +29,8 @@ bool creerDossierPrive(const QString &chemin) {
     if (info.isDir()) return true;
     if (info.exists() || !creerDossierPrive(info.absolutePath())) return false;
     const QByteArray local = QFile::encodeName(chemin);
-    return ::mkdir(local.constData(), 0700) == 0 && ::chmod(local.constData(), 0700) == 0;
+    if (::mkdir(local.constData(), 0700) != 0) return errno == EEXIST && QFileInfo(chemin).isDir();  // made meanwhile
+    return ::chmod(local.constData(), 0700) == 0;
 }
 }  // namespace
 

@@ -9,7 +9,7 @@ namespace Chemins {
 
 // Where the files go for an executable that sits in dossierExecutable.
 struct Disposition {
-    bool installe = false;  // the executable's folder is not ours to write into
+    bool installe = false;  // its folder can't be written to, or is laid out as an installation
     QString programme;      // base, .bak, lock, edition, ico.tmp
     QString aide;           // the help pages
 };
