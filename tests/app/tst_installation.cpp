@@ -74,7 +74,8 @@ private slots:
     void chaqueFichierASaPlace() {
         for (const char *chemin : {"bin/korvane", "share/korvane/Aide/index.htm", "share/applications/korvane.desktop",
                                    "share/mime/packages/korvane.xml", "share/metainfo/org.korvane.korvane.metainfo.xml",
-                                   "share/icons/hicolor/scalable/apps/korvane.svg"})
+                                   "share/icons/hicolor/scalable/apps/korvane.svg",
+                                   "share/icons/hicolor/scalable/mimetypes/application-x-korvane.svg"})
             QVERIFY2(QFile::exists(installe(QString::fromLatin1(chemin))), chemin);
         for (int taille : {16, 24, 32, 48, 64, 128, 256})
             QCOMPARE(QImage(installe(QStringLiteral("share/icons/hicolor/%1x%1/apps/korvane.png").arg(taille))).size(), QSize(taille, taille));
