@@ -150,7 +150,28 @@ QString ExtraireTexteBarre(QString &bloc) {
 bool EstSeparateur(const QString &texte) { return texte.isEmpty() || texte.startsWith(u'-'); }
 
 QString DoublerEsperluettes(const QString &texte) {
-    return QString(texte).replace(QStringLiteral("& "), QStringLiteral("&& "));
+    QString r;
+    r.reserve(texte.size() + 4);
+    for (qsizetype i = 0; i < texte.size(); ++i) {
+        r += texte[i];
+        if (texte[i] != u'&') continue;
+        // "&&" already shows one ampersand: it is passed as it stands.
+        if (i + 1 < texte.size() && texte[i + 1] == u'&') {
+            r += texte[++i];
+        } else if (i + 1 < texte.size() && texte[i + 1] == u' ') {
+            r += u'&';
+        }
+    }
+    return r;
+}
+
+QString TexteLitteral(const QString &texte) {
+    QString r = texte;
+    r.replace(u'&', QStringLiteral("&&"));
+    r.replace(u'\t', u' ');
+    // A word joiner shows nothing and is no blank: the text no longer begins with "-".
+    if (r.trimmed().startsWith(u'-')) r.insert(r.indexOf(u'-'), QChar(0x2060));
+    return r;
 }
 
 ReferenceImage LireImage(const QString &valeur) {

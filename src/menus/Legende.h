@@ -40,6 +40,11 @@ bool EstSeparateur(const QString &texte);
 // "& " doubled to "&& ", so that an ampersand before a blank shows as an ampersand and
 // not as a mnemonic mark.
 QString DoublerEsperluettes(const QString &texte);
+// A text shown as it stands by a caption whose block comes first ("{IMG:i3}" + text),
+// where the braces of the text are plain characters: every ampersand doubled (no
+// mnemonic), tabs made blanks (no shortcut), and a leading "-" preceded by a word
+// joiner, which shows nothing, so that the item is no separator.
+QString TexteLitteral(const QString &texte);
 
 // What the value of IMG: names, by the first of its forms that fits: a plain number
 // (an image of the program by that number), "I" and a number (picture n of the menu's

@@ -3,17 +3,21 @@
 #include "ChoixMenus.h"
 #include "FichiersMenus.h"
 #include "Legende.h"
+#include "ListesMenus.h"
 #include "cTips.h"
 #include "grid/ListeImages.h"
 #include "modMenus.h"
 
 #include <QAction>
+#include <QFileIconProvider>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
+#include <QStorageInfo>
 
 using namespace modMenus;
 
@@ -50,6 +54,16 @@ quint16 etatAction(const QAction *action, const QMenu *menu) {
 
 cMenuItems::cMenuItems() = default;
 
+cMenuItems::~cMenuItems() {
+    for (const Delegation &d : std::as_const(MenusDelegues)) delete d.objet;
+}
+
+cMenuItems *cMenuItems::delegue(const QMenu *menu) const {
+    const auto it = MenusDelegues.constFind(QString::number(quintptr(menu)) + u'g');
+    // A submenu gone since leaves its key behind; a new menu at the same address is not it.
+    return it != MenusDelegues.cend() && it->menu == menu ? it->objet : nullptr;
+}
+
 int cMenuItems::idAction(QAction *action) {
     static int prochain = 1;
     bool ok = false;
@@ -82,6 +96,7 @@ void cMenuItems::InitializeSubMenu(QWidget *fenetre, const ListeImages *imageLis
 }
 
 const TypeItemMenu *cMenuItems::GetMenuItem(int id, QMenu *menu) const {
+    if (const cMenuItems *voisin = delegue(menu)) return voisin->GetMenuItem(id, menu);
     const int index = IndexItems.value(cleItem(menu, id), 0);
     return index > 0 ? &Items[index] : nullptr;
 }
@@ -93,6 +108,7 @@ const TypeItemMenu *cMenuItems::itemAction(const QAction *action, QMenu *menu) c
 }
 
 int cMenuItems::padAction(const QAction *action, QMenu *menu) const {
+    if (const cMenuItems *voisin = delegue(menu)) return voisin->padAction(action, menu);
     bool ok = false;
     const int id = action->property(kProprieteId).toInt(&ok);
     const int p = IndexPanneaux.value(clePanneau(menu), 0);
@@ -101,29 +117,19 @@ int cMenuItems::padAction(const QAction *action, QMenu *menu) const {
 }
 
 TypePanneau *cMenuItems::GetPanelItem(QMenu *menu) {
+    if (cMenuItems *voisin = delegue(menu)) return voisin->GetPanelItem(menu);
     const int index = IndexPanneaux.value(clePanneau(menu), 0);
     return index > 0 ? &Panneaux[index] : nullptr;
 }
 
 QString cMenuItems::Tips(int id, QMenu *menu) {
-    if (cMenuItems *voisin = MenusDelegues.value(QString::number(quintptr(menu)) + u'g')) return voisin->Tips(id, menu);
+    if (cMenuItems *voisin = delegue(menu)) return voisin->Tips(id, menu);
     const TypeItemMenu *item = GetMenuItem(id, menu);
     return item ? item->Conseil : QString();
 }
 
-bool cMenuItems::RestrictSize(BlocTaille &bloc, bool stocker) {
-    if (stocker) {
-        TailleRestreinte = bloc;
-        return false;
-    }
-    if (TailleRestreinte.tailleMax.height() < 0) return false;
-    bloc = TailleRestreinte;
-    return true;
-}
-
 bool cMenuItems::IsWindowList(QMenu *menu, bool isSystem) {
-    if (cMenuItems *voisin = MenusDelegues.value(QString::number(quintptr(menu)) + u'g'))
-        return voisin->IsWindowList(menu, isSystem);
+    if (cMenuItems *voisin = delegue(menu)) return voisin->IsWindowList(menu, isSystem);
     int usable = hauteurUtile(menu);
     int barre = 0;  // the sidebar's record
     int colonnes = 1, hauteurColonne = 0;
@@ -132,6 +138,8 @@ bool cMenuItems::IsWindowList(QMenu *menu, bool isSystem) {
         QAction *action = actions[position];
         bool estBarre = false;
         const int index = analyserItem(action, menu, position, isSystem, &estBarre);
+        // A generated list is made anew at each opening: a list control may have changed.
+        if (Items[index].Etat & kEtatListeGeneree) deplier(action, menu, Items[index]);
         if (estBarre) {
             barre = index;
             continue;
@@ -176,7 +184,6 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
         constexpr quint16 kEtatsQt = kEtatCoche | kEtatDefaut | kEtatSousMenu;
         if (!(item.Etat & (kEtatSeparateur | kEtatBarre)))
             item.Etat = quint16((item.Etat & ~(kEtatsQt | kEtatGrise)) | etatQt);
-        item.IndexOrigine = position;
         *barre = (item.Etat & kEtatBarre) && position == 0;
         return index;
     }
@@ -193,7 +200,6 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
     item = TypeItemMenu{};
     item.action = action;
     item.Identifiant = id;
-    item.IndexOrigine = position;
     item.Legende = action->isSeparator() && action->text().isEmpty() ? QStringLiteral("-") : action->text();
     item.Etat = etatQt;
 
@@ -242,16 +248,25 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
             item.TypeListe = motListe[0] == 'L' ? 1 : 0;
         }
         item.ControleLie = entier(attribut(bloc, "gControl:"), 0);
+        item.TypeListe = quint8(entier(attribut(bloc, "gType:"), item.TypeListe));
         const QString couleur = attribut(bloc, "LColor:");
         if (!couleur.isEmpty() && couleur.trimmed() != u"-1") item.Etat |= kEtatNuancier;
         if (!attribut(bloc, "LFont:").isEmpty()) item.Etat |= kEtatEchantillon;
-        if (action->menu()) item.Raccourci.clear();
         const ReferenceImage ref = LireImage(attribut(bloc, "IMG:"));
         if (ref.genre == ReferenceImage::Genre::ListeImages && images_ && images_->existe(int(ref.numero)))
             item.Image = u'i' + QString::number(ref.numero);
         else if (ref.genre == ReferenceImage::Genre::Controle)
             item.Image = ref.index >= 0 ? ref.nom + u'(' + QString::number(ref.index) + u')' : ref.nom;
         item.FondImage = ref.genre == ReferenceImage::Genre::Controle && !attribut(bloc, "ImgBkg").isEmpty();
+        lireFichierOuLecteur(item, bloc);
+        // An entry of a generated list is never a list itself; any other item with a
+        // list keyword, or linked to a list control, stands for its submenu.
+        const bool entree = !attribut(bloc, "gControl:").isEmpty() || !attribut(bloc, "gType:").isEmpty();
+        if (!entree && (TrouverListe(bloc) != GenreListe::Aucune || item.ListeLiee)) {
+            item.Etat |= kEtatListeGeneree;
+            deplier(action, menu, item);
+        }
+        if (action->menu()) item.Raccourci.clear();
     }
     mesurerItem(item);
     // The shortcut stays in the record: a tab in the action's text would make Qt widen
@@ -259,6 +274,81 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
     action->setText(item.Texte);
     item.texteAction = action->text();
     return index;
+}
+
+void cMenuItems::deplier(QAction *action, QMenu *menu, TypeItemMenu &item) {
+    if (action->menu() && action->menu()->property("korvaneGenere").toBool()) DestroyPopup(menu, item.Identifiant);
+    QString texte, bloc, raccourci;
+    SepareLegende(item.Legende, texte, bloc, raccourci);
+    QList<EntreeListe> entrees;
+    QString conseil = TipDefaut;
+    if (TrouverListe(bloc) != GenreListe::Aucune) {
+        entrees = DeplierMotCle(bloc, prochainIdListe_);
+    } else {
+        // A list that can't be shown as a menu (several columns, entries drawn their
+        // own way) stays an ordinary item.
+        const std::optional<QList<EntreeListe>> liste = DeplierListe(item.Legende, item.ListeLiee, prochainIdListe_);
+        if (!liste) return;
+        entrees = *liste;
+        const QString tip = attribut(bloc, "Tip:");
+        conseil = tip == u"0" ? QString() : tip;
+    }
+    auto *popup = new QMenu(menu);
+    popup->setProperty("korvaneGenere", true);
+    for (const EntreeListe &e : std::as_const(entrees)) {
+        QAction *a = popup->addAction(e.legende);
+        a->setProperty("korvaneIdMenu", e.identifiant);
+        a->setCheckable(e.cochee);
+        a->setChecked(e.cochee);
+        a->setEnabled(!e.desactivee);
+    }
+    action->setMenu(popup);
+    item.Etat |= kEtatSousMenu;
+    auto *objet = new cMenuItems;
+    objet->InitializeSubMenu(fenetre_, images_, tips_, true, popup, conseil);
+    MenusDelegues.insert(QString::number(quintptr(popup)) + u'g', Delegation{popup, objet});
+    suivreMenu(popup);
+}
+
+void cMenuItems::lireFichierOuLecteur(TypeItemMenu &item, const QString &bloc) {
+    const QString dossier = attribut(bloc, "gEXE:");
+    if (!dossier.isEmpty()) {
+        // The entry's text is the file's name, its ampersands doubled for the menu.
+        const QString chemin = GetShortFileName(dossier + QString(item.Texte).replace(QStringLiteral("&&"), QStringLiteral("&")));
+        item.imageFichier = QFileIconProvider().icon(QFileInfo(chemin)).pixmap(16, 16).toImage();
+        QString nom = DecoupeChemin(chemin, u'm');
+        const QString extension = DecoupeChemin(chemin, u'E');
+        if (nom.isEmpty()) nom = DecoupeChemin(chemin, u'N');
+        if (nom.toLower() == nom && !nom.isEmpty()) nom[0] = nom[0].toUpper();
+        QString montre = extension.isEmpty() || nom == DecoupeChemin(chemin, u'N') ? nom : nom + u'.' + extension.toLower();
+        item.Texte = montre.replace(u'&', QStringLiteral("&&"));
+        const QString description = GetFileDescription(chemin);
+        if (!description.isEmpty()) item.Conseil = description;
+        return;
+    }
+    const QString lecteur = attribut(bloc, "LDrv:").trimmed();
+    if (lecteur.isEmpty()) return;
+    // The root, then the kind of drive: "C:\ Fixed", "/media/clé Removable Media".
+    static const QString kAmovible = QStringLiteral("Removable Media"), kReseau = QStringLiteral("Network/Mapped Drive");
+    QString racine = lecteur, genre;
+    if (const qsizetype barre = lecteur.indexOf(u'\\'); barre >= 0) {
+        racine = lecteur.left(barre + 1);
+        genre = lecteur.mid(barre + 1).trimmed();
+    } else if (const qsizetype blanc = lecteur.lastIndexOf(u' '); blanc > 0) {
+        for (const QString &g : {kAmovible, kReseau})
+            if (lecteur.endsWith(g, Qt::CaseInsensitive)) genre = g;
+        if (genre.isEmpty()) genre = lecteur.mid(blanc + 1);
+        racine = lecteur.left(lecteur.size() - genre.size()).trimmed();
+    }
+    if (genre.compare(kAmovible, Qt::CaseInsensitive) == 0) {
+        item.imageFichier = QIcon::fromTheme(QStringLiteral("drive-removable-media")).pixmap(16, 16).toImage();
+        item.Texte += QStringLiteral(" Removable");
+        return;
+    }
+    const QString etiquette = QStorageInfo(racine).name();
+    if (etiquette.isEmpty()) return;
+    item.Texte = genre.compare(kReseau, Qt::CaseInsensitive) == 0 ? item.Texte + u' ' + etiquette
+                                                                   : etiquette + QStringLiteral("  (") + item.Texte + u')';
 }
 
 void cMenuItems::mesurerItem(TypeItemMenu &item) {
@@ -294,6 +384,7 @@ void cMenuItems::mesurerItem(TypeItemMenu &item) {
 void cMenuItems::disposer(QMenu *menu, int usable) {
     TypePanneau &panneau = *GetPanelItem(menu);
     panneau.HasImages = false;
+    panneau.largeurImages = 16;
     panneau.pads.clear();
     // Column by column: the pad makes room for shortcuts and submenu arrows.
     QList<int> colonne;
@@ -318,7 +409,9 @@ void cMenuItems::disposer(QMenu *menu, int usable) {
         if (index == 0 || index == panneau.indexBarre || !action->isVisible()) continue;
         const TypeItemMenu &item = Items[index];
         ++nombre;
-        panneau.HasImages |= !item.Image.isEmpty();
+        panneau.HasImages |= !item.Image.isEmpty() || !item.imageFichier.isNull();
+        // Pictures show at their own size, up to the item's height: 18 by 18 stays so.
+        panneau.largeurImages = qMax(panneau.largeurImages, qMin(imageItem(item).width(), qMax(16, item.Hauteur - 4)));
         if (!item.Image.isEmpty() && !item.Image.startsWith(u'i')) raisonRendu = true;  // an image by name
         if (avecBarre && !colonne.isEmpty() && hauteurColonne + item.Hauteur + 1 > usable) finirColonne();
         colonne.append(index);
@@ -340,6 +433,7 @@ void cMenuItems::disposer(QMenu *menu, int usable) {
 }
 
 void cMenuItems::rendreBarre(QMenu *menu, int hauteur) {
+    if (cMenuItems *voisin = delegue(menu)) return voisin->rendreBarre(menu, hauteur);
     TypePanneau *panneau = GetPanelItem(menu);
     if (!panneau || panneau->indexBarre == 0) return;
     TypeItemMenu &item = Items[panneau->indexBarre];
@@ -357,6 +451,19 @@ void cMenuItems::rendreBarre(QMenu *menu, int hauteur) {
     item.Largeur = panneau->largeurBarre;
     panneau->hauteurBarre = hauteur;
     ++panneau->rendus;
+}
+
+int cMenuItems::largeurImages(QMenu *menu) {
+    const TypePanneau *panneau = GetPanelItem(menu);
+    return panneau ? panneau->largeurImages : 16;
+}
+
+QImage cMenuItems::imageItem(const TypeItemMenu &item) const {
+    if (!item.imageFichier.isNull()) return item.imageFichier;
+    if (item.Image.isEmpty()) return {};
+    if (item.Image.startsWith(u'i')) return images_ ? images_->image(item.Image.mid(1).toInt()) : QImage();
+    const auto *controle = fenetre_ ? fenetre_->findChild<QLabel *>(item.Image) : nullptr;
+    return controle ? controle->pixmap().toImage() : QImage();
 }
 
 QImage cMenuItems::imageBarre(const QString &valeur) const {
@@ -479,8 +586,7 @@ void cMenuItems::rendreBarreTexte(TypePanneau &panneau, TypeItemMenu &item, QStr
 
 bool cMenuItems::MenuSelected(int id, QMenu *menu, bool isSystem) {
     if (!isSystem)
-        if (cMenuItems *voisin = MenusDelegues.value(QString::number(quintptr(menu)) + u'g'))
-            return voisin->MenuSelected(id, menu, isSystem);
+        if (cMenuItems *voisin = delegue(menu)) return voisin->MenuSelected(id, menu, isSystem);
     const TypeItemMenu *item = GetMenuItem(id, menu);
     if (!item) return false;
     return RouterChoix(item->Legende, tips_, item->ListeLiee, fenetre_);
@@ -499,9 +605,14 @@ void cMenuItems::UpdateMenuItems(QMenu *menu) {
 }
 
 void cMenuItems::DestroyPopup(QMenu *menu, int id) {
-    const int index = IndexItems.take(cleItem(menu, id));
-    if (index > 0 && index == Items.size() - 1) Items.removeLast();
-    IndexPanneaux.remove(clePanneau(menu));
+    const TypeItemMenu *item = GetMenuItem(id, menu);
+    QMenu *popup = item && item->action ? item->action->menu() : nullptr;
+    if (!popup) return;
+    const QString cle = QString::number(quintptr(popup)) + u'g';
+    delete MenusDelegues.take(cle).objet;
+    IndexPanneaux.remove(clePanneau(popup));
+    item->action->setMenu(nullptr);
+    delete popup;
 }
 
 void cMenuItems::oublierAction(QAction *action, QMenu *menu) {
@@ -515,22 +626,5 @@ void cMenuItems::oublierAction(QAction *action, QMenu *menu) {
     } else {
         Items[index] = TypeItemMenu{};
         libres_.append(index);
-    }
-}
-
-void cMenuItems::RestoreMenus() {
-    for (int p = 1; p < Panneaux.size(); ++p) {
-        QMenu *menu = Panneaux[p].menu;
-        if (!menu) continue;
-        for (QAction *action : menu->actions()) {
-            const int index = IndexItems.value(cleItem(menu, idAction(action)), 0);
-            if (index == 0) continue;
-            const TypeItemMenu &item = Items[index];
-            action->setText(item.Legende == u"-" && action->isSeparator() ? QString() : item.Legende);
-            action->setVisible(true);
-            action->setEnabled(!(item.Etat & kEtatGrise) || (item.Etat & kEtatSeparateur));
-            if (action->isCheckable()) action->setChecked(item.Etat & kEtatCoche);
-        }
-        rendreAffichage(menu);
     }
 }

@@ -3,10 +3,10 @@
 // action, a panel per prepared menu, the image list and the tip receiver.
 
 #include <QHash>
+#include <QImage>
 #include <QList>
 #include <QPixmap>
 #include <QPointer>
-#include <QSize>
 #include <QString>
 
 #include "menus/cTips.h"
@@ -41,8 +41,8 @@ struct TypeItemMenu {
     int Largeur = 0;
     int Hauteur = 0;
     int Identifiant = 0;
-    int IndexOrigine = 0;  // position in its menu, for RestoreMenus
     QString Image;         // "i" + n for picture n of the image list, or the name of a control
+    QImage imageFichier;   // the picture of a file or drive entry, from the desktop
     bool FondImage = false;
     quint8 TypeListe = 0;
     QPointer<QWidget> ListeLiee;
@@ -59,6 +59,7 @@ struct TypePanneau {
     QPixmap barre;       // the rendered sidebar, kept until the menu's height changes
     int hauteurBarre = -1;  // the height it was rendered for; -1 nothing measured yet
     int largeurBarre = 0;
+    int largeurImages = 16;  // the image column: the widest picture of the menu
     int indexBarre = 0;     // the sidebar's record, 0 for none
     bool HasImages = false;
     int colonnes = 0;
@@ -66,17 +67,14 @@ struct TypePanneau {
     int rendus = 0;         // how many times its sidebar was rendered
 };
 
-// The min/max size of the window, stored by RestrictSize; tailleMax.height() is
-// negative until something is stored.
-struct BlocTaille {
-    QSize reserve, tailleMax{-1, -1}, positionMax, tailleMinSuivi, tailleMaxSuivi;
-};
-
 }  // namespace modMenus
 
 class cMenuItems {
 public:
     cMenuItems();
+    ~cMenuItems();
+    cMenuItems(const cMenuItems &) = delete;
+    cMenuItems &operator=(const cMenuItems &) = delete;
 
     void InitializeSubMenu(QWidget *fenetre, const ListeImages *imageList, cTips *tips, bool sousFenetre, QMenu *menu,
                            const QString &tipDefaut);
@@ -96,10 +94,9 @@ public:
     // entry); false for a command of the application, which reaches it unchanged.
     bool MenuSelected(int id, QMenu *menu, bool isSystem);
     QString Tips(int id, QMenu *menu);
-    bool RestrictSize(modMenus::BlocTaille &bloc, bool stocker);
     void UpdateMenuItems(QMenu *menu);
+    // The generated submenu of the item id of menu goes, with the object that prepares it.
     void DestroyPopup(QMenu *menu, int id);
-    void RestoreMenus();
     // The record of an action taken out of its menu is dropped.
     void oublierAction(QAction *action, QMenu *menu);
 
@@ -111,6 +108,10 @@ public:
 
     // The sidebar of the menu rendered for a height, unless it already is.
     void rendreBarre(QMenu *menu, int hauteur);
+    // The widest picture of the menu's image column, 16 at least.
+    int largeurImages(QMenu *menu);
+    // The picture that a record shows, or a null image.
+    QImage imageItem(const modMenus::TypeItemMenu &item) const;
 
     // For tests and benchmarks.
     int nombreItems() const { return int(Items.size()) - 1; }
@@ -120,6 +121,13 @@ public:
 
 private:
     int analyserItem(QAction *action, QMenu *menu, int position, bool isSystem, bool *barre);
+    // The submenu that a list keyword or a linked list control stands for, made anew.
+    void deplier(QAction *action, QMenu *menu, modMenus::TypeItemMenu &item);
+    // A file entry (gEXE:) or a drive entry (LDrv:) takes its picture, name and tip
+    // from the desktop.
+    void lireFichierOuLecteur(modMenus::TypeItemMenu &item, const QString &bloc);
+    // The object that prepares a generated submenu, or null.
+    cMenuItems *delegue(const QMenu *menu) const;
     void mesurerItem(modMenus::TypeItemMenu &item);
     void disposer(QMenu *menu, int usable);
     void rendreBarreImage(modMenus::TypePanneau &panneau, const modMenus::TypeItemMenu &item, const QString &bloc, int H);
@@ -136,6 +144,12 @@ private:
     QHash<QString, int> IndexItems;
     QList<int> libres_;  // records of removed actions, for the next new ones
     QHash<QString, int> IndexPanneaux;
-    QHash<QString, cMenuItems *> MenusDelegues;
-    modMenus::BlocTaille TailleRestreinte;
+    // The generated submenus, by the submenu's address and "g": each is prepared by
+    // an object of its own, which this one owns and forwards to.
+    struct Delegation {
+        QPointer<QMenu> menu;
+        cMenuItems *objet = nullptr;
+    };
+    QHash<QString, Delegation> MenusDelegues;
+    int prochainIdListe_ = 1;  // the ids of generated entries
 };

@@ -27,6 +27,4 @@ signals:
     // ("Color", "Month", "WeekDay", "State", "DayOfMonth", "Font", "Drive") and the
     // value, which a receiver connected directly may change in place.
     void ChoixListe(const QString &identifiant, const QString &categorie, QString &valeur);
-    // A key pressed or released while a menu is open.
-    void ToucheMenu(qint16 touche, qint16 modificateurs, bool relachee);
 };

@@ -115,29 +115,22 @@ QImage imageGrisee(const QImage &source) {
     return gris;
 }
 
-// The picture of a record, at the size of the image column.
-QImage imageItem(const cMenuItems &objet, const TypeItemMenu &item) {
-    if (item.Image.isEmpty()) return {};
-    if (item.Image.startsWith(u'i')) {
-        const ListeImages *liste = objet.ImageListObject();
-        return liste ? liste->image(item.Image.mid(1).toInt()) : QImage();
-    }
-    const auto *controle = objet.hwnd() ? objet.hwnd()->findChild<QLabel *>(item.Image) : nullptr;
-    return controle ? controle->pixmap().toImage() : QImage();
-}
-
+// The picture at its own size in the column, or scaled down when it is larger.
 void DessinerImage(QPainter &p, const QRect &rect, const QImage &image, bool fondImage) {
     if (image.isNull()) return;
     if (!fondImage) p.setRenderHint(QPainter::SmoothPixmapTransform);
-    const QSize taille = image.size().scaled(rect.size(), Qt::KeepAspectRatio);
+    QSize taille = image.size();
+    if (taille.width() > rect.width() || taille.height() > rect.height()) taille.scale(rect.size(), Qt::KeepAspectRatio);
     p.drawImage(QRect(rect.x() + (rect.width() - taille.width()) / 2, rect.y() + (rect.height() - taille.height()) / 2,
                       taille.width(), taille.height()),
                 image);
 }
 
 // One item, stage by stage; a stage that fails leaves the item as painted so far.
-void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item, const QStyleOptionMenuItem &opt) {
+// colonne: the width of the menu's image column, 16 unless a picture is wider.
+void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item, const QStyleOptionMenuItem &opt, int colonne) {
     const QRect r = opt.rect;
+    const int enPlus = colonne - 16;  // what a wider column pushes the text along
     QString etape = QStringLiteral("getting attributes");
     try {
         const bool selectionne = opt.state & QStyle::State_Selected;
@@ -155,8 +148,8 @@ void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item
             Degrade(menu, etat().CouleurSelection, true, p, r);
         else
             p.fillRect(r, fond);
-        const QRect boite(r.left() + 1, r.top() + 1, 19, r.height() - 2);
-        const QImage image = imageItem(objet, item);
+        const QRect boite(r.left() + 1, r.top() + 1, 19 + enPlus, r.height() - 2);
+        const QImage image = objet.imageItem(item);
         if (!image.isNull() && surligne && !optDegrade) p.fillRect(boite, versCouleur(menu));
 
         if (item.Etat & kEtatSeparateur) {
@@ -209,7 +202,7 @@ void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item
         }
         const QFont &police = PolicesMenus(slot);
         p.setFont(police);
-        const QRect zoneTexte(r.left() + 23, r.top(), r.width() - 23 - 16, r.height());
+        const QRect zoneTexte(r.left() + 23 + enPlus, r.top(), r.width() - 23 - enPlus - 16, r.height());
         const int alignTexte = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextSingleLine;
         const int alignRaccourci = Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine;
         if (grise) {
@@ -228,7 +221,8 @@ void DessinerItem(QPainter &p, const cMenuItems &objet, const TypeItemMenu &item
 
         if (!image.isNull()) {
             etape = QStringLiteral("drawing icons");
-            const QRect cadre(boite.left() + 2, r.top() + (r.height() - 16) / 2, 16, 16);
+            const int haut = qMin(colonne, r.height() - 2);
+            const QRect cadre(boite.left() + 2, r.top() + (r.height() - haut) / 2, colonne, haut);
             if (grise) {
                 DessinerImage(p, cadre, imageGrisee(image), item.FondImage);
             } else if (surligne && optBarreAuto) {
@@ -301,7 +295,7 @@ public:
         const TypeItemMenu *item = objet->itemAction(actions[trouve], menu);
         if (!item) return QProxyStyle::sizeFromContents(type, o, taille, w);
         // Qt drops an item of no width; an empty bar is as wide as its column anyway.
-        return {qMax(1, item->Largeur + objet->padAction(actions[trouve], menu)), item->Hauteur};
+        return {qMax(1, item->Largeur + objet->padAction(actions[trouve], menu) + objet->largeurImages(menu) - 16), item->Hauteur};
     }
 
     void drawPrimitive(PrimitiveElement pe, const QStyleOption *o, QPainter *p, const QWidget *w) const override {
@@ -331,7 +325,7 @@ public:
         const TypeItemMenu *item = action ? objet->itemAction(action, menu) : nullptr;
         if (!item) return QProxyStyle::drawControl(ce, o, p, w);
         p->save();
-        DessinerItem(*p, *objet, *item, *opt);
+        DessinerItem(*p, *objet, *item, *opt, objet->largeurImages(menu));
         p->restore();
     }
 
@@ -374,7 +368,9 @@ public:
             if (objet && objet->ShowTips()) emit objet->ShowTips()->MontrerConseil(objet->Tips(cMenuItems::idAction(action), menu));
         });
         QObject::connect(menu, &QMenu::triggered, menu, [menu](QAction *action) {
-            // A command the engine doesn't know goes on to the application as it is.
+            // A command the engine doesn't know goes on to the application as it is. The
+            // pick in a submenu reaches its parents too: only the action's own menu acts.
+            if (!menu->actions().contains(action)) return;
             if (cMenuItems *objet = TrouverObjet(menu); objet && !action->menu())
                 objet->MenuSelected(cMenuItems::idAction(action), menu, false);
         });
@@ -402,16 +398,6 @@ protected:
         }
         if (e->type() == QEvent::ChildAdded)
             if (auto *menu = qobject_cast<QMenu *>(static_cast<QChildEvent *>(e)->child())) suivre(menu);
-        if (e->type() == QEvent::Show) {
-            // A stored min/max size applies to the window as it shows.
-            BlocTaille bloc;
-            cMenuItems *o = etat().ObjetsFenetres.value(cleFenetre(objet));
-            if (o && o->RestrictSize(bloc, false) && objet->isWidgetType()) {
-                auto *w = static_cast<QWidget *>(objet);
-                w->setMinimumSize(bloc.tailleMinSuivi);
-                w->setMaximumSize(bloc.tailleMaxSuivi);
-            }
-        }
         return false;
     }
 
@@ -481,9 +467,10 @@ void preparerAffichage(QMenu *menu, int margeGauche) {
     menu->setContentsMargins(margeGauche, 0, 0, 0);
 }
 
-void rendreAffichage(QMenu *menu) {
-    menu->setStyle(nullptr);
-    menu->setContentsMargins(0, 0, 0, 0);
+void suivreMenu(QMenu *menu) {
+    EtatGlobal &e = etat();
+    if (!e.filtre) e.filtre = new FiltreMenus(qApp);
+    e.filtre->suivre(menu);
 }
 
 void AttacherMenus(QWidget *fenetre, const ListeImages *imageList, cTips *tipReceiver, int mode) {

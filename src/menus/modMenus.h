@@ -87,5 +87,6 @@ QString barreParDefaut();
 // it has one, margeGauche pixels wide along its left edge.
 namespace modMenus {
 void preparerAffichage(QMenu *menu, int margeGauche);
-void rendreAffichage(QMenu *menu);  // back to the application's own style
+// A submenu made by the engine is followed through its life like the window's own.
+void suivreMenu(QMenu *menu);
 }  // namespace modMenus

@@ -1,6 +1,7 @@
 #include "FrmPop.h"
 
 #include "grid/ListeImages.h"
+#include "menus/Legende.h"
 #include "menus/cTips.h"
 #include "menus/modMenus.h"
 #include "store/Base.h"
@@ -11,6 +12,7 @@
 #include <QMenu>
 
 bool FrmPop::IconesModifiees = false;
+const QString FrmPop::kAucuneIcone = QStringLiteral("Aucune icône : ajoutez-en dans les options");
 
 FrmPop::FrmPop(const ListeImages &images, QWidget *parent) : QWidget(parent, Qt::Window), images_(images) {
     setObjectName(QStringLiteral("FrmPop"));
@@ -21,7 +23,8 @@ FrmPop::FrmPop(const ListeImages &images, QWidget *parent) : QWidget(parent, Qt:
     myTips = new cTips(this);
     Icones = new QMenu(QStringLiteral("&Icones"), this);
     Icones->setObjectName(QStringLiteral("Icones"));
-    Barre = Icones->addAction(QStringLiteral("{Sidebar|IMG:ImTool(1)|||Width:0|Tip:|}"));
+    // The picture at the band's foot, over the navy of its plate, however tall the menu.
+    Barre = Icones->addAction(QStringLiteral("{Sidebar|IMG:ImTool(1)|Align:Bot|BColor:&H663F2E|GColor:&H442A1F|Width:0|Tip:|}"));
     Barre->setObjectName(QStringLiteral("Barre"));
     connect(Barre, &QAction::triggered, this, &FrmPop::barreCliquee);
     Icone.append(Icones->addAction(QString()));  // element 0, there from the start
@@ -50,17 +53,25 @@ void FrmPop::ChargerIconesDatabase() {
     for (int i = 0; i < lignes.size(); ++i) {
         if (i > 0) Icone.append(Icones->addAction(QString()));
         QAction *item = Icone[i];
-        item->setText(QStringLiteral("  ") + lignes[i].second + QStringLiteral("{IMG:i ") + QString::number(i + 1) + u'}');
+        item->setText(legendeIcone(lignes[i].second, i + 1, lignes[i].first));
         item->setData(QStringLiteral("A ") + lignes[i].first);
     }
-    // An empty library leaves element 0 without a caption: a bar, never a choice.
+    // An empty library says so in one line that can't be picked.
+    if (lignes.isEmpty()) Icone[0]->setText(kAucuneIcone);
     Icone[0]->setEnabled(!lignes.isEmpty());
 }
 
+QString FrmPop::legendeIcone(const QString &libelle, int position, const QString &num) {
+    // The block first: the name after it is read as plain text, braces, ampersands and
+    // a leading "-" included. An icon without a name is still named.
+    const QString nom = libelle.trimmed().isEmpty() ? QStringLiteral("Icône ") + num : libelle;
+    return QStringLiteral("{IMG:i ") + QString::number(position) + QStringLiteral("}  ") + modMenus::TexteLitteral(nom);
+}
+
 void FrmPop::AfficherIcones() {
-    modMenus::ChoisirRelief(false);
+    modMenus::ChoisirRelief(true);
     modMenus::ChoisirDegrade(true);
-    modMenus::ChoisirSoulignement(true);
+    modMenus::ChoisirSoulignement(false);
     modMenus::ChoisirBarreAuto(true);
     modMenus::AttacherMenus(this, &images_, myTips, 0);
     IconesModifiees = false;

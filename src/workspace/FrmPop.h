@@ -24,6 +24,11 @@ public:
     void ChargerIconesDatabase();
     // The engine ready for this window, with the library's pictures.
     void AfficherIcones();
+    // The caption of an icon's item: its picture from the library by position, and its
+    // name as typed ("Icône " + Num when it has none).
+    static QString legendeIcone(const QString &libelle, int position, const QString &num);
+    static const QString kAucuneIcone;  // the one line of an empty library
+
     // Shows the menu at pos and waits until it closes; a choice comes by iconeChoisie.
     void montrer(const QPoint &pos);
 
