@@ -137,7 +137,7 @@ void MyCoolGrid::rendreVisible(int Ligne) {
 
 QPixmap MyCoolGrid::GetCellPicture(int Ligne) {
     const ImageCellule image = imageColonne1(Ligne);
-    if (image.source == Source::Contenu) return QPixmap::fromImage(imagesContenu().image(image.numero));
+    if (image.source == Source::Contenu) return QPixmap::fromImage(imagesContenu().imageDeNum(image.numero));
     if (image.source == Source::Titre) {
         if (const ImageTitre *titre = imageTitreNumero(image.numero))
             return Art::pixmap(QString::fromLatin1(titre->art), titre->taille);
@@ -294,18 +294,21 @@ QPixmap MyCoolGrid::imageTitre(int numero) {
 QPixmap MyCoolGrid::icone(int numero) {
     const ListeImages &liste = imagesContenu();
     if (liste.generation() != generationIcones_) {
-        icones_.assign(size_t(liste.nombre()), QPixmap());
+        icones_.clear();
         generationIcones_ = liste.generation();
     }
-    // A number the library lacks, or a picture that didn't load, shows nothing.
-    if (!liste.existe(numero) || liste.image(numero).isNull()) return {};
-    QPixmap &pm = icones_[size_t(numero - 1)];
-    if (pm.isNull()) {
+    // The icon of that Num; a number the library lacks, or a picture that didn't load,
+    // shows nothing.
+    if (const auto it = icones_.constFind(numero); it != icones_.cend()) return *it;
+    const QImage image = liste.imageDeNum(numero);
+    QPixmap pm;
+    if (!image.isNull()) {
         const qreal echelle = devicePixelRatioF();
         const int cote = qRound(kCotePicto * echelle);
-        pm = QPixmap::fromImage(liste.image(numero).scaled(cote, cote, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        pm = QPixmap::fromImage(image.scaled(cote, cote, Qt::KeepAspectRatio, Qt::SmoothTransformation));
         pm.setDevicePixelRatio(echelle);
     }
+    icones_.insert(numero, pm);
     return pm;
 }
 

@@ -85,6 +85,6 @@ private:
     int lignePressee_ = -1;
     QHash<int, Police> polices_;  // by size and weight
     QHash<int, QPixmap> imagesTitre_;
-    std::vector<QPixmap> icones_;  // the library at the size of a cell, made on first use
+    QHash<int, QPixmap> icones_;  // the library at the size of a cell by Num, made on first use
     quint64 generationIcones_ = ~quint64(0);
 };

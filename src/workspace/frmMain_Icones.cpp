@@ -45,8 +45,7 @@ void frmMain::iconeChoisie(int num) {
     if (!MG->Tag.isEmpty()) {
         if (!dialogueDocument_) return;
         // The preview finds its picture by the icon's key, so gaps in the numbers don't matter.
-        const int position = imgCONTENU.numeroDeCle(QStringLiteral("A %1").arg(num));
-        dialogueDocument_->choisirIcone(num, QPixmap::fromImage(imgCONTENU.image(position)));
+        dialogueDocument_->choisirIcone(num, QPixmap::fromImage(imgCONTENU.imageDeNum(num)));
         return;
     }
     const int ligne = MG->LigneCourante;

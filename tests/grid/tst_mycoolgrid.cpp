@@ -82,6 +82,29 @@ private slots:
         QCOMPARE(g.GetCellPicture(2).size(), QSize(16, 16));   // the folder
         QVERIFY(g.GetCellPicture(99).isNull());
     }
+
+    // A library with gaps in its numbers (a base written elsewhere): a document's icon
+    // is the icon of that Num, as the picker offered it.
+    void iconeParSonNumero() {
+        EnvironnementTest env;
+        MyCoolGrid g;
+        ListeImages liste;
+        for (const auto &[num, couleur] : {std::pair{1, QColor(Qt::red)}, {2, QColor(Qt::green)}, {5, QColor(Qt::blue)}}) {
+            QImage image(18, 18, QImage::Format_ARGB32);
+            image.fill(couleur);
+            liste.ajouter(QStringLiteral("A %1").arg(num), image);
+        }
+        g.ReChargerIcones(liste);
+        GrilleExemple::charger(g, {{"A", 1}});
+        g.SetColumnInfos(3, 13, 5);
+        g.ReDessiner();
+        const QImage vue = g.GetCellPicture(3).toImage();
+        QVERIFY(!vue.isNull());
+        QCOMPARE(vue.pixelColor(vue.width() / 2, vue.height() / 2), QColor(Qt::blue));
+        g.SetColumnInfos(3, 13, 3);  // a Num the library lacks
+        g.ReDessiner();
+        QVERIFY(g.GetCellPicture(3).isNull());
+    }
 };
 
 QTEST_MAIN(TstMyCoolGrid)

@@ -7,8 +7,13 @@
 #include "menus/cTips.h"
 #include "menus/modMenus.h"
 
+#include "support/EnvironnementTest.h"
+
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QListWidget>
 #include <QFontMetrics>
 #include <QMenu>
 #include <QSignalSpy>
@@ -230,6 +235,85 @@ private slots:
         QWidget autre;
         AttacherMenus(&autre, &images, nullptr, 0);
         QVERIFY(policesCreees());
+    }
+
+    // Items that stand for lists: each becomes a submenu, prepared by its own object,
+    // and a pick in it goes where its keywords say. The list control's submenu follows
+    // the control at each opening.
+    void listesGenerees() {
+        EnvironnementTest env(false);
+        QWidget fenetre;
+        auto *villes = new QComboBox(&fenetre);
+        villes->setObjectName(QStringLiteral("Villes"));
+        villes->addItems({QStringLiteral("Lyon"), QStringLiteral("Nantes")});
+        villes->setCurrentIndex(1);
+        auto *fichiers = new QListWidget(&fenetre);
+        fichiers->setObjectName(QStringLiteral("Fichiers"));
+        QFile note(env.chemin(QStringLiteral("notes.txt")));
+        QVERIFY(note.open(QIODevice::WriteOnly));
+        note.write("Des notes.\n");
+        note.close();
+        fichiers->addItem(note.fileName());
+        auto *menu = new QMenu(&fenetre);
+        QAction *couleurs = menu->addAction(QStringLiteral("Couleurs{lvColors:|ID:Fond}"));
+        QAction *mois = menu->addAction(QStringLiteral("Mois{lvMonths:Echeance:ID:Group:CYQtr}"));
+        QAction *ville = menu->addAction(QStringLiteral("Ville{CB:Villes|Tip:Une ville}"));
+        QAction *fichier = menu->addAction(QStringLiteral("Fichier{LB:Fichiers|Files:-1}"));
+        QAction *polices = menu->addAction(QStringLiteral("Polices{lvFonts:}"));
+        QAction *cle = menu->addAction(QStringLiteral("/media/cle{LDrv:/media/cle Removable Media}"));
+        cTips tips;
+        QStringList choix;
+        connect(&tips, &cTips::ChoixListe, this, [&choix](const QString &id, const QString &categorie, QString &valeur) {
+            if (categorie != cTips::motMenusFermes()) choix << id + u'/' + categorie + u'=' + valeur;
+        });
+        AttacherMenus(&fenetre, &images, &tips, 0);
+        montrer(menu);
+        cMenuItems *objet = objetFenetre(&fenetre);
+        auto textes = [objet](QMenu *sous) {
+            if (!sous->isVisible()) sous->popup(QPoint(0, 0));
+            QTest::qWait(20);
+            QStringList t;
+            for (QAction *a : sous->actions())
+                if (const TypeItemMenu *i = objet->itemAction(a, sous)) t << i->Texte + (a->isChecked() ? QStringLiteral("*") : QString());
+            sous->hide();
+            return t;
+        };
+        for (QAction *a : {couleurs, mois, ville, fichier, polices}) {
+            QVERIFY2(a->menu(), qPrintable(a->text()));
+            QVERIFY(objet->itemAction(a, menu)->Etat & kEtatListeGeneree);
+        }
+        QCOMPARE(objet->itemAction(cle, menu)->Texte, QStringLiteral("/media/cle Removable"));
+
+        const QStringList teintes = textes(couleurs->menu());
+        QCOMPARE(teintes.size(), 26);
+        QCOMPARE(teintes[16], QStringLiteral("Rouge"));
+        QCOMPARE(textes(mois->menu()).mid(0, 3), (QStringList{"First Quarter", "janvier", "février"}));
+        QCOMPARE(textes(ville->menu()), (QStringList{"Lyon", "Nantes*"}));
+        QCOMPARE(objet->Tips(cMenuItems::idAction(ville->menu()->actions()[0]), ville->menu()), QStringLiteral("Une ville"));
+        QVERIFY(textes(polices->menu()).isEmpty());
+        // A file entry: its name, its type as tip, its desktop picture.
+        QAction *note0 = fichier->menu()->actions().value(0);
+        QCOMPARE(textes(fichier->menu()), QStringList{"Notes.txt"});
+        const TypeItemMenu *entree = objet->itemAction(note0, fichier->menu());
+        QVERIFY(!entree->imageFichier.isNull());
+        QVERIFY(!entree->Conseil.isEmpty());
+
+        // Picks: a colour to the receiver by its list's name, a city to its control.
+        QSignalSpy activee(villes, &QComboBox::activated);
+        couleurs->menu()->actions()[16]->trigger();
+        ville->menu()->actions()[0]->trigger();
+        QCOMPARE(choix, QStringList{"Fond/Color=255"});
+        QCOMPARE(villes->currentIndex(), 0);
+        QCOMPARE(activee.size(), 1);
+        fermer(menu);
+
+        // Opened again: the control's new entry is there, the old submenu gone.
+        villes->addItem(QStringLiteral("Paris"));
+        QPointer<QMenu> ancien = ville->menu();
+        montrer(menu);
+        QVERIFY(!ancien);
+        QCOMPARE(textes(ville->menu()), (QStringList{"Lyon*", "Nantes", "Paris"}));
+        fermer(menu);
     }
 
     void composerLignes() {

@@ -11,6 +11,7 @@
 #include "workspace/FrmPop.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -67,6 +68,8 @@ private slots:
         QTest::keyClick(f, Qt::Key_I, Qt::ControlModifier);  // the keyboard's way to the picker
         QCOMPARE(vus, (QStringList{"Compte", "Logiciels", "Favoris", "Email", "Login réseau", "Web"}));
         QCOMPARE(icones(), QStringList{"1"});
+        // The picker's drawing options, in the order they are set: on, on, off, on.
+        QVERIFY(modMenus::Relief() && modMenus::DegradeActif() && !modMenus::Soulignement() && modMenus::BarreAuto());
 
         auMenu([](QMenu *menu) { touches(menu, 3); });  // the third icon: Favoris, Num 3
         QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
@@ -81,21 +84,57 @@ private slots:
         QCOMPARE(g->MG->GetColumnInfos(g->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")), 13), QStringLiteral("3"));
     }
 
-    // An empty library: one bar and nothing to pick; Enter changes nothing.
+    // An empty library: one line that says so and can't be picked; Enter changes nothing.
     void bibliothequeVide() {
         PrincipaleTest p(kDocuments + QStringLiteral("DELETE FROM Icones;"));
         frmMain *f = p.f;
         f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
         QList<bool> actifs;
-        auMenu([&actifs](QMenu *menu) {
+        QStringList textes;
+        QSize taille;
+        auMenu([&](QMenu *menu) {
             for (QAction *a : menu->actions())
-                if (a->isVisible()) actifs << a->isEnabled();
+                if (a->isVisible()) {
+                    actifs << a->isEnabled();
+                    textes << a->text();
+                    taille = menu->actionGeometry(a).size();
+                }
             touches(menu, 1);
         });
         QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
         QCOMPARE(actifs, QList<bool>{false});
+        QCOMPARE(textes, QStringList{FrmPop::kAucuneIcone});
+        QVERIFY(taille.width() > QFontMetrics(QApplication::font()).horizontalAdvance(FrmPop::kAucuneIcone) && taille.height() >= 20);
         QCOMPARE(icones(), QStringList{"1"});
         QVERIFY(Messages::affiches().isEmpty());
+    }
+
+    // Names the caption language would read otherwise show as typed, with their
+    // pictures, and each can be picked.
+    void nomsCommeTapes() {
+        PrincipaleTest p(kDocuments + QStringLiteral("UPDATE Icones SET Libelle = '' WHERE Num = 1;"
+                                                     "UPDATE Icones SET Libelle = '-Moins' WHERE Num = 2;"
+                                                     "UPDATE Icones SET Libelle = 'R&D' WHERE Num = 3;"
+                                                     "UPDATE Icones SET Libelle = 'A{B}C' WHERE Num = 4;"));
+        frmMain *f = p.f;
+        const int ligne = f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1"));
+        f->MG->SelectLine(ligne);
+        QStringList noms;
+        QList<bool> choisissables;
+        auMenu([&](QMenu *menu) {
+            cMenuItems *objet = modMenus::objetFenetre(f->findChild<FrmPop *>());
+            for (QAction *a : menu->actions().mid(1, 4)) {
+                const modMenus::TypeItemMenu *item = objet->itemAction(a, menu);
+                // What the painter shows: "&&" is one ampersand, the word joiner nothing.
+                noms << QString(item->Texte).replace(QStringLiteral("&&"), QStringLiteral("&")).remove(QChar(0x2060));
+                choisissables << (a->isEnabled() && !(item->Etat & modMenus::kEtatSeparateur) && !objet->imageItem(*item).isNull());
+            }
+            touches(menu, 4);
+        });
+        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QCOMPARE(noms, (QStringList{"Icône 1", "-Moins", "R&D", "A{B}C"}));
+        QCOMPARE(choisissables, (QList<bool>{true, true, true, true}));
+        QCOMPARE(icones(), QStringList{"4"});
     }
 
     // The row gone from the base meanwhile: told in French, and nothing else written.
