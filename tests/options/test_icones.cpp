@@ -8,6 +8,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
+#include <QImageReader>
 #include <QtEndian>
 #include <gtest/gtest.h>
 
@@ -84,6 +85,29 @@ TEST(Icones, ChaqueFichierDonneUneIconeDeDixHuitPixels) {
         EXPECT_EQ(lue.size(), c.lue);
         EXPECT_EQ(Blit::AjusterImage(lue).size(), c.lue.isEmpty() ? c.lue : QSize(18, 18));
     }
+}
+
+TEST(Icones, UneGrandePhotoDevientUneIcone) {
+    // Pictures larger than what Qt lets a reader take (lowered here so that a small
+    // file stands for a 50-megapixel photo): read smaller, they still become icons.
+    EnvironnementTest env(false);
+    const int limite = QImageReader::allocationLimit();
+    QImageReader::setAllocationLimit(4);
+    for (const char *format : {"JPEG", "PNG"}) {
+        SCOPED_TRACE(format);
+        QFile f(env.chemin(QStringLiteral("photo.") + QString::fromLatin1(format).toLower()));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(octets(deuxMoities(1600, 1200), format));
+        f.close();
+        const QImage lue = BibliothequeIcones::chargerFichier(f.fileName());
+        ASSERT_FALSE(lue.isNull());
+        EXPECT_LE(qMax(lue.width(), lue.height()), 256);
+        const QImage icone = Blit::AjusterImage(lue);
+        EXPECT_LT(qBlue(icone.pixel(0, 9)), 60);  // the red half, then the blue one
+        EXPECT_GT(qBlue(icone.pixel(17, 9)), 200);
+    }
+    EXPECT_EQ(QImageReader::allocationLimit(), 4);
+    QImageReader::setAllocationLimit(limite);
 }
 
 TEST(Icones, LeReechantillonnageEtireEtLisse) {
