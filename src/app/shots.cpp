@@ -16,6 +16,7 @@
 #include "dialogs/FrmAP.h"
 #include "options/FrmOptions.h"
 #include "search/FrmRecherche.h"
+#include "workspace/FrmPop.h"
 #include <QLabel>
 #include "grid/MyCoolGrid.h"
 #include "grid/Apercu.h"
@@ -117,28 +118,56 @@ int main(int argc, char *argv[]) {
     principale->RendreSaisieVisible(false, 1, 0);
     principale->RendreSaisieVisibleCalendrier(false);
 
-    // The icon picker open over the main window, an item under the pointer.
-    QTimer::singleShot(200, [&] {
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (!menu) return;
-        menu->setActiveAction(menu->actions().value(3));
-        QApplication::processEvents();
-        // The window and the menu as the screen shows them, the menu wherever it opened.
-        const QRect fenetre = principale->frameGeometry();
-        const QRect tout = fenetre.united(menu->geometry());
-        QImage ecran(tout.size(), QImage::Format_RGB32);
-        ecran.fill(QColor(0x55, 0x5f, 0x73));
-        QPainter p(&ecran);
-        p.drawPixmap(fenetre.topLeft() - tout.topLeft(), principale->grab());
-        p.drawPixmap(menu->pos() - tout.topLeft(), menu->grab());
-        p.end();
-        const QString chemin = QDir(sortie).filePath(QStringLiteral("main_icones.png"));
-        ok &= ecran.save(chemin);
-        std::printf("wrote %s\n", qPrintable(chemin));
-        menu->hide();
-    });
-    principale->Boutons[16]->enfoncer();
-    emit principale->Boutons[16]->clicked();
+    // The icon picker open over the main window, an item under the pointer: the stock
+    // library, a library of 120 icons, and an empty one.
+    auto photographierIcones = [&](const QString &nom) {
+        QTimer::singleShot(200, [&, nom] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            if (!menu) return;
+            menu->setActiveAction(menu->actions().value(3));
+            QApplication::processEvents();
+            // The window and the menu as the screen shows them, the menu wherever it opened.
+            const QRect fenetre = principale->frameGeometry();
+            const QRect tout = fenetre.united(menu->geometry());
+            QImage ecran(tout.size(), QImage::Format_RGB32);
+            ecran.fill(QColor(0x55, 0x5f, 0x73));
+            QPainter p(&ecran);
+            p.drawPixmap(fenetre.topLeft() - tout.topLeft(), principale->grab());
+            p.drawPixmap(menu->pos() - tout.topLeft(), menu->grab());
+            p.end();
+            const QString chemin = QDir(sortie).filePath(nom + QStringLiteral(".png"));
+            ok &= ecran.save(chemin);
+            std::printf("wrote %s\n", qPrintable(chemin));
+            menu->hide();
+        });
+        principale->Boutons[16]->enfoncer();
+        emit principale->Boutons[16]->clicked();
+    };
+    photographierIcones(QStringLiteral("main_icones"));
+    {
+        Base::Connexion c;
+        for (int num = 7; num <= 120; ++num)
+            Base::Requete(c, "INSERT INTO Icones (Num, ico, Libelle) SELECT ?, ico, Libelle || ' ' || ? FROM Icones WHERE Num = ?")
+                .lier(1, num).lier(2, num).lier(3, (num - 1) % 6 + 1).executer();
+    }
+    principale->imgCONTENU.chargerBase();
+    FrmPop::IconesModifiees = true;
+    photographierIcones(QStringLiteral("main_icones_120"));
+    {
+        Base::Connexion c;
+        Base::Requete(c, "DELETE FROM Icones WHERE Num > 6").executer();
+        Base::Requete(c, "CREATE TABLE Garde AS SELECT * FROM Icones").executer();
+        Base::Requete(c, "DELETE FROM Icones").executer();
+    }
+    FrmPop::IconesModifiees = true;
+    photographierIcones(QStringLiteral("main_icones_vide"));
+    {
+        Base::Connexion c;
+        Base::Requete(c, "INSERT INTO Icones SELECT * FROM Garde").executer();
+        Base::Requete(c, "DROP TABLE Garde").executer();
+    }
+    principale->imgCONTENU.chargerBase();
+    FrmPop::IconesModifiees = true;
 
     FrmAjoutDossier dossier(principale);
     dossier.Saisie->setText(QStringLiteral("Impôts"));

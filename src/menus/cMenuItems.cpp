@@ -6,6 +6,7 @@
 #include "ListesMenus.h"
 #include "cTips.h"
 #include "grid/ListeImages.h"
+#include "ui/Art.h"
 #include "modMenus.h"
 
 #include <QAction>
@@ -341,7 +342,7 @@ void cMenuItems::lireFichierOuLecteur(TypeItemMenu &item, const QString &bloc) {
         racine = lecteur.left(lecteur.size() - genre.size()).trimmed();
     }
     if (genre.compare(kAmovible, Qt::CaseInsensitive) == 0) {
-        item.imageFichier = QIcon::fromTheme(QStringLiteral("drive-removable-media")).pixmap(16, 16).toImage();
+        item.imageFichier = Art::iconeTheme(QStringLiteral("drive-removable-media"), 16).toImage();
         item.Texte += QStringLiteral(" Removable");
         return;
     }

@@ -58,10 +58,9 @@ const QString kStyleChoix = QStringLiteral(
 
 const QString FrmOptions::kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
 
-BoutonImage *FrmOptions::boutonTexte(QWidget *page, const QString &texte) {
+BoutonImage *FrmOptions::boutonTexte(QWidget *page, const QString &texte, const QString &icone) {
     auto *b = new BoutonImage(page);
-    b->definirArt(QStringLiteral("ok"), QSize(22, 22));
-    b->setText(texte);
+    b->definirCommande(icone, texte);
     b->setFocusPolicy(Qt::StrongFocus);
     return b;
 }
@@ -123,7 +122,7 @@ void FrmOptions::creerPages() {
     WB = new QTextBrowser(P[0]);
     WB->setObjectName(QStringLiteral("WBOptions"));
     WB->setGeometry(12, 42, kPage.width() - 24, kPage.height() - 98);
-    Exp[0] = boutonTexte(P[0], Chaine(953));
+    Exp[0] = boutonTexte(P[0], Chaine(953), QStringLiteral("document-save-as"));
     Exp[0]->setObjectName(QStringLiteral("Exp0"));
     Exp[0]->setGeometry(kPage.width() - 162, kPage.height() - 46, 150, 34);
     connect(Exp[0], &QAbstractButton::clicked, this, [this] { clicExp(); });
@@ -137,7 +136,7 @@ void FrmOptions::creerPages() {
         Info[i]->setGeometry(24 + (i / 4) * 260, 24 + (i % 4) * 40, 240, 28);
         connect(Info[i], &QCheckBox::clicked, this, [i](bool coche) { Reglages::ecrireColonneVisible(i, coche); });
     }
-    OInfo[0] = boutonTexte(P[1], Chaine(952));
+    OInfo[0] = boutonTexte(P[1], Chaine(952), QStringLiteral("dialog-ok-apply"));
     OInfo[0]->setObjectName(QStringLiteral("OInfo0"));
     OInfo[0]->setGeometry(kPage.width() - 162, kPage.height() - 46, 150, 34);
     connect(OInfo[0], &QAbstractButton::clicked, this, [this] { clicOInfo(); });
@@ -162,7 +161,7 @@ void FrmOptions::creerPages() {
     OCoul[4]->setText(QString(5, u' ') + Chaine(144));
     // The column titles are white on the navy band by default: their sample shows on it.
     OCoul[2]->fond = 0x663f2e;
-    OInterface[0] = boutonTexte(P[2], Chaine(952));
+    OInterface[0] = boutonTexte(P[2], Chaine(952), QStringLiteral("dialog-ok-apply"));
     OInterface[0]->setObjectName(QStringLiteral("OInterface0"));
     OInterface[0]->setGeometry(kPage.width() - 162, kPage.height() - 46, 150, 34);
     connect(OInterface[0], &QAbstractButton::clicked, this, [this] { clicOInterface(); });

@@ -66,8 +66,8 @@ protected:
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
 private:
-    // A page's button: the confirm picture and its caption, reachable by Tab.
-    static BoutonImage *boutonTexte(QWidget *page, const QString &texte);
+    // A page's command button: the theme's picture of the command and its caption.
+    static BoutonImage *boutonTexte(QWidget *page, const QString &texte, const QString &icone);
     static const QString kStyleLibelle;  // the labels of the pages
     void creerPages();
     void clicOnglet(int index);

@@ -89,8 +89,9 @@ void FrmOptions::creerPageIcones() {
     etatIcones_->setStyleSheet(QStringLiteral("color: #1f2a44; font-style: italic; background: transparent;"));
     etatIcones_->setGeometry(16, page->height() - 84, page->width() - 32, 26);
 
+    static const QString kIcones[3] = {QStringLiteral("list-add"), QStringLiteral("insert-image"), QStringLiteral("document-save")};
     for (int i = 0; i < 3; ++i) {
-        ValDivers[i] = boutonTexte(page, Chaine(i < 2 ? 958 + i : 952));
+        ValDivers[i] = boutonTexte(page, Chaine(i < 2 ? 958 + i : 952), kIcones[i]);
         ValDivers[i]->setObjectName(QStringLiteral("ValDivers%1").arg(i));
         ValDivers[i]->setGeometry(i < 2 ? 12 + i * 158 : page->width() - 162, page->height() - 46, 150, 34);
         connect(ValDivers[i], &QAbstractButton::clicked, this, [this, i] { clicValDivers(i); });

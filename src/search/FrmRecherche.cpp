@@ -56,7 +56,7 @@ FrmRecherche::FrmRecherche(frmMain *principale) : FenetreDialogue(principale) {
 
     OInterface[0] = creerBoutonOK();
     OInterface[0]->setObjectName(QStringLiteral("OInterface0"));
-    OInterface[0]->setText(Chaine(952));
+    OInterface[0]->definirCommande(QStringLiteral("edit-find"), Chaine(952));
     OInterface[0]->setToolTip(QStringLiteral("Lancer la recherche"));
     connect(OInterface[0], &QAbstractButton::clicked, this, [this] { clicValider(); });
 

@@ -2,7 +2,10 @@
 
 #include <memory>
 #include <unordered_map>
+#include <QFileInfo>
+#include <QIcon>
 #include <QPainter>
+#include <QStandardPaths>
 #include <QSvgRenderer>
 
 namespace Art {
@@ -45,6 +48,35 @@ QPixmap eclaircie(const QPixmap &source) {
         }
     }
     return QPixmap::fromImage(image);
+}
+
+namespace {
+void choisirTheme() {
+    static bool fait = false;
+    if (fait) return;
+    fait = true;
+    QStringList chemins = QIcon::themeSearchPaths();
+    for (const QString &dossier : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation))
+        if (!chemins.contains(dossier + QStringLiteral("/icons"))) chemins << dossier + QStringLiteral("/icons");
+    QIcon::setThemeSearchPaths(chemins);
+    QIcon::setThemeName(QStringLiteral("Papirus"));
+}
+}  // namespace
+
+QPixmap iconeTheme(const QString &nom, int cote) {
+    choisirTheme();
+    // The action set's drawings, whatever size the theme would otherwise pick from
+    // other sets in other styles.
+    const QString fichier = QStringLiteral("Papirus/24x24/actions/%1.svg").arg(nom);
+    QIcon icone;
+    for (const QString &dossier : QIcon::themeSearchPaths())
+        if (QFileInfo::exists(dossier + u'/' + fichier)) {
+            icone = QIcon(dossier + u'/' + fichier);
+            break;
+        }
+    if (icone.isNull()) icone = QIcon::fromTheme(nom);
+    if (icone.isNull()) return pixmap(QStringLiteral("korvane"), QSize(cote, cote));
+    return icone.pixmap(QSize(cote, cote));
 }
 
 bool dessiner(QPainter &p, const QString &nom, const QRectF &rect) {

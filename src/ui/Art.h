@@ -13,6 +13,10 @@ namespace Art {
 QPixmap pixmap(const QString &nom, const QSize &taille);
 // Same picture, made lighter and warmer, for the hover state of picture buttons.
 QPixmap eclaircie(const QPixmap &source);
+// A picture of the program's icon theme (Papirus, the same on every desktop), by its
+// freedesktop name ("document-save"), cote pixels square: the drawing of the actions
+// set when it has one; the program's logo when the theme lacks the name.
+QPixmap iconeTheme(const QString &nom, int cote);
 // Draws the picture stretched over rect; false when the art is missing.
 bool dessiner(QPainter &p, const QString &nom, const QRectF &rect);
 

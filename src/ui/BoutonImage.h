@@ -1,9 +1,13 @@
 #pragma once
 // A latching picture button: a click leaves it pressed, and the handler that acts on
-// it releases it. It shows another picture while the pointer is over it.
+// it releases it. It shows another picture while the pointer is over it. A command
+// button (definirCommande) is drawn as a raised button with its picture and caption,
+// sunk while its command acts.
 
 #include <QAbstractButton>
 #include <QPixmap>
+
+class QPainter;
 
 class BoutonImage : public QAbstractButton {
     Q_OBJECT
@@ -13,6 +17,9 @@ public:
     void definirImages(const QPixmap &repos, const QPixmap &survol = QPixmap());
     // A picture of the art, with its hover picture derived from it.
     void definirArt(const QString &nom, const QSize &taille);
+    // A command: the icon theme's picture of that name, and its caption.
+    void definirCommande(const QString &icone, const QString &texte);
+    bool estCommande() const { return commande_; }
 
     bool estEnfonce() const { return isChecked(); }
     void enfoncer() { setChecked(true); }
@@ -31,7 +38,10 @@ protected:
     void leaveEvent(QEvent *) override;
 
 private:
+    void peindreCommande(QPainter &p);
+
     QPixmap repos_;
     QPixmap survol_Image_;
     bool survole_ = false;
+    bool commande_ = false;
 };

@@ -102,8 +102,7 @@ void FenetreCadre::closeEvent(QCloseEvent *e) {
 BoutonImage *FenetreCadre::creerBoutonOK() {
     auto *ok = new BoutonImage(FondBleu);
     ok->setObjectName(QStringLiteral("OK"));
-    ok->definirArt(QStringLiteral("ok"), QSize(24, 24));
-    ok->setText(QStringLiteral("OK"));
+    ok->definirCommande(QStringLiteral("dialog-ok"), QStringLiteral("OK"));
     ok->setToolTip(QStringLiteral("Valider"));
     return ok;
 }

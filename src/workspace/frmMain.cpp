@@ -14,14 +14,11 @@
 #include <QCalendarWidget>
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileInfo>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QLabel>
 #include <QScreen>
 #include <QKeyEvent>
 #include <QShortcut>
-#include <QStandardPaths>
 #include <QTextBrowser>
 #include <QTime>
 #include <QTimer>
@@ -72,34 +69,6 @@ constexpr int kCoteBouton = 56;
 constexpr int kTailleIcone = 32;
 constexpr int kMargeGrille = 13;   // 200 twips
 constexpr int kLargeurHeure = 70;
-
-// The buttons' pictures come from one icon theme, the same on every desktop.
-void choisirTheme() {
-    static bool fait = false;
-    if (fait) return;
-    fait = true;
-    QStringList chemins = QIcon::themeSearchPaths();
-    for (const QString &dossier : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation))
-        if (!chemins.contains(dossier + QStringLiteral("/icons"))) chemins << dossier + QStringLiteral("/icons");
-    QIcon::setThemeSearchPaths(chemins);
-    QIcon::setThemeName(QStringLiteral("Papirus"));
-}
-
-QPixmap iconeTheme(const DefinitionBouton &d) {
-    choisirTheme();
-    // The action set's drawings, whatever size the theme would otherwise pick from
-    // other sets in other styles.
-    const QString fichier = QStringLiteral("Papirus/24x24/actions/%1.svg").arg(QString::fromLatin1(d.icone));
-    QIcon icone;
-    for (const QString &dossier : QIcon::themeSearchPaths())
-        if (QFileInfo::exists(dossier + u'/' + fichier)) {
-            icone = QIcon(dossier + u'/' + fichier);
-            break;
-        }
-    if (icone.isNull()) icone = QIcon::fromTheme(QString::fromLatin1(d.icone));
-    if (icone.isNull()) return Art::pixmap(QStringLiteral("korvane"), QSize(kTailleIcone, kTailleIcone));
-    return icone.pixmap(QSize(kTailleIcone, kTailleIcone));
-}
 
 }  // namespace
 
@@ -215,7 +184,7 @@ void frmMain::creerBoutons() {
         const DefinitionBouton &d = kBoutons[i];
         auto *b = new BoutonImage(TbToolbar[d.barre]);
         b->setObjectName(QStringLiteral("Boutons%1").arg(i));
-        b->definirImages(iconeTheme(d));
+        b->definirImages(Art::iconeTheme(QString::fromLatin1(d.icone), kTailleIcone));
         b->setGeometry(d.gaucheTwips / kTwips, (kHautBarre - kCoteBouton) / 2, kCoteBouton, kCoteBouton);
         b->setVisible(d.visible);
         Boutons[i] = b;

@@ -34,7 +34,11 @@ void frmMain::creerSaisies() {
         auto *s = new QLineEdit(this);
         s->setObjectName(QStringLiteral("Saisie%1").arg(i));
         s->setFrame(false);
-        s->setStyleSheet(QStringLiteral("QLineEdit { background: rgb(255, 204, 59); color: black; border: 1px solid #9c6f10; padding: 0 2px; }"));
+        // A document row is 16 pixels high: the box takes all of it for its text, the
+        // boxes told apart by a rule between them and the row by its colour.
+        s->setStyleSheet(QStringLiteral("QLineEdit { background: rgb(255, 204, 59); color: black; border: none; "
+                                        "border-right: 1px solid #9c6f10; padding: 0 2px; }"
+                                        "QLineEdit:focus { background: rgb(255, 226, 140); }"));
         s->hide();
         s->installEventFilter(this);
         // Enciphered, a character takes three of the field's 255.
