@@ -109,6 +109,16 @@ TEST(Legende, ImagesSeparateursEtEsperluettes) {
     }
     EXPECT_TRUE(EstSeparateur("") && EstSeparateur("-First Quarter") && !EstSeparateur("Ouvrir -"));
     EXPECT_EQ(DoublerEsperluettes("Pierre & Paul &Fichier"), "Pierre && Paul &Fichier");
+    EXPECT_EQ(DoublerEsperluettes("R && D &"), "R && D &");  // already one ampersand shown
+    // A name after a block reads as it stands: no mnemonic, no shortcut, no separator.
+    for (const char *nom : {"-Moins", "R&D", "A{B}C", "x\ty", ""}) {
+        QString texte, bloc, raccourci;
+        SepareLegende("{IMG:i1}  " + TexteLitteral(QString::fromUtf8(nom)), texte, bloc, raccourci);
+        EXPECT_EQ(bloc, "{IMG:i1|") << nom;
+        EXPECT_TRUE(raccourci.isEmpty()) << nom;
+        EXPECT_EQ(EstSeparateur(texte), *nom == 0) << nom;
+        EXPECT_EQ(texte.replace("&&", "&").remove(QChar(0x2060)), QString::fromUtf8(nom).replace('\t', ' ')) << nom;
+    }
 }
 
 TEST(Legende, Couleurs) {
