@@ -202,6 +202,7 @@ int main(int argc, char *argv[]) {
         QFile::copy(QDir(aide).filePath(page), programme.filePath(QStringLiteral("Aide/") + page));
     // The four pages of the options.
     FrmOptions options(principale);
+    options.attendreExports();
     for (int i = 0; i < 4; ++i) {
         options.Onglets[i]->click();
         ok &= enregistrer(&options, sortie, QStringLiteral("options_%1").arg(i));

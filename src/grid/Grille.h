@@ -80,6 +80,10 @@ public:
     // The text of a cell, read in place: valid until the row's texts change.
     QStringView texte(int l, int colonne) const;
     void definirTexte(int l, int colonne, QStringView texte);
+    // All the row's texts end to end, shared rather than copied: a later change to the
+    // row leaves this copy as it was, and another thread may read it. texte(l, c)
+    // points into it.
+    QString textesPartages(int l) const { return rangee(l).textes; }
     // The texts of columns premiere, premiere + 1... of the row in one go.
     void definirTextes(int l, int premiere, const QStringView *textes, int nombre);
 

@@ -36,13 +36,17 @@ constexpr std::array<QByteArrayView, 7> kLargeursChamps{"13", "9", "10", "12", "
 constexpr std::array<QByteArrayView, 8> kLargeursEspaceur{"6", "13", "9", "10", "12", "11", "10", "29"};
 
 // A file's bytes, line by line; each line ends with CR LF. Pieces are copied straight
-// into a buffer: tens of megabytes go through here. Bound to a file, the buffer
-// goes out to it whenever full; otherwise it grows by doubling.
+// into a buffer: hundreds of megabytes go through here. Bound to a file, the buffer
+// goes out to it whenever full; otherwise it grows by doubling. Given a cut, it notes
+// where its pieces start: the writer says where for the HTML file, every line is one
+// in the others.
 class Sortie {
 public:
-    explicit Sortie(qsizetype prevu, QIODevice *fichier = nullptr) : fichier_(fichier) {
+    explicit Sortie(qsizetype prevu, QIODevice *fichier = nullptr, Decoupe *decoupe = nullptr, bool parLigne = false)
+        : fichier_(fichier), decoupe_(decoupe), parLigne_(parLigne) {
         octets_.resize(std::max<qsizetype>(prevu, 256));
         tete_ = octets_.data();
+        if (parLigne_) borne();
     }
     Sortie &operator<<(QByteArrayView morceau) {
         if (morceau.isEmpty()) return *this;
@@ -51,8 +55,17 @@ public:
         taille_ += morceau.size();
         return *this;
     }
-    void fin() { *this << kFin; }
-    void ligne(QByteArrayView texte) { *this << texte << kFin; }
+    void fin() {
+        *this << kFin;
+        if (parLigne_) borne();
+    }
+    void ligne(QByteArrayView texte) {
+        *this << texte;
+        fin();
+    }
+    void borne() {
+        if (decoupe_) decoupe_->bornes.push_back(sortis_ + taille_);
+    }
     QByteArray prendre() {
         octets_.truncate(taille_);
         return std::move(octets_);
@@ -60,6 +73,7 @@ public:
     // What is left goes to the file; false when any write to it failed.
     bool vider() {
         if (ok_ && taille_ > 0) ok_ = fichier_->write(tete_, taille_) == taille_;
+        sortis_ += taille_;
         taille_ = 0;
         return ok_;
     }
@@ -73,6 +87,9 @@ private:
     }
 
     QIODevice *fichier_;
+    Decoupe *decoupe_;
+    bool parLigne_;
+    qint64 sortis_ = 0;  // gone to the file
     QByteArray octets_;
     char *tete_ = nullptr;
     qsizetype taille_ = 0;
@@ -85,16 +102,16 @@ int finDesLignes(const ModeleGrille &g) { return std::min(g.NbLignes, g.cellules
 
 // Without the blank the grid puts before a folder's name, nor any at its end; other
 // white space is part of the name.
-QString sansBlancs(const QString &texte) {
+QStringView sansBlancs(QStringView texte) {
     qsizetype debut = 0, fin = texte.size();
     while (debut < fin && texte[debut] == u' ') ++debut;
     while (fin > debut && texte[fin - 1] == u' ') --fin;
     return texte.mid(debut, fin - debut);
 }
 
-QString nomDossier(const ModeleGrille &g, int ligne) { return sansBlancs(g.texte(ligne, kColonneTitre)); }
+QStringView nomDossier(const Instantane &g, int ligne) { return sansBlancs(g.champ(ligne, 0)); }
 
-QByteArray champ(const ModeleGrille &g, int ligne, int k) { return g.texte(ligne, kColonneTitre + k).toUtf8(); }
+QByteArray champ(const Instantane &g, int ligne, int k) { return g.champ(ligne, k).toUtf8(); }
 
 std::array<QByteArray, kNbChamps> libelles() {
     std::array<QByteArray, kNbChamps> l;
@@ -103,9 +120,7 @@ std::array<QByteArray, kNbChamps> libelles() {
 }
 
 // A rough size of the file, so that the buffer grows once or twice, not at every line.
-qsizetype taille(const ModeleGrille &g, qsizetype parLigne) {
-    return qsizetype(std::max(0, finDesLignes(g) - kPremiereLigne)) * parLigne + 512;
-}
+qsizetype taille(const Instantane &g, qsizetype parLigne) { return qsizetype(g.nbLignes()) * parLigne + 512; }
 
 constexpr QFileDevice::Permissions kDroitsFichier = FichierEntier::kDroitsProprietaire;
 constexpr QFileDevice::Permissions kDroitsDossier = kDroitsFichier | QFileDevice::ExeOwner;
@@ -119,16 +134,16 @@ void preparerDossier() {
                                    .arg(QDir::toNativeSeparators(dossier)));
 }
 
-void ecrireHtm(const ModeleGrille &g, Sortie &s) {
+void ecrireHtm(const Instantane &g, Sortie &s) {
     const auto lib = libelles();
     s << "<title>" << Chaine(kChaineTitreHtml).toUtf8() << "</title>";
     s.fin();
     // The quote stands behind the bracket: the layout of the page is fixed to the byte.
     s.ligne("<body bgcolor='#6699CC' leftmargin='0' topmargin='0' marginwidth='0' marginheight='0>'");
     s.ligne("<table width='100%' border='0' cellspacing='0' cellpadding='0'>");
-    const int fin = finDesLignes(g);
-    for (int r = kPremiereLigne; r < fin; ++r) {
-        if (g.IsLigneParent(r)) {
+    for (int r = 0; r < g.nbLignes(); ++r) {
+        s.borne();
+        if (g.dossier(r)) {
             s.ligne("<br>");
             s.ligne("<tr>");
             s << "<td colspan='8'>" << kPolice << "'red'>[" << nomDossier(g, r).toUtf8() << "]<br>";
@@ -160,15 +175,15 @@ void ecrireHtm(const ModeleGrille &g, Sortie &s) {
         }
         s.ligne("</tr>");
     }
+    s.borne();
     s.ligne("</table>");
     s.ligne("</body>");
 }
 
-void ecrireTxt(const ModeleGrille &g, Sortie &s) {
+void ecrireTxt(const Instantane &g, Sortie &s) {
     const auto lib = libelles();
-    const int fin = finDesLignes(g);
-    for (int r = kPremiereLigne; r < fin; ++r) {
-        if (g.IsLigneParent(r)) {
+    for (int r = 0; r < g.nbLignes(); ++r) {
+        if (g.dossier(r)) {
             s.fin();
             s << "[" << nomDossier(g, r).toUtf8() << "]";
             s.fin();
@@ -183,10 +198,9 @@ void ecrireTxt(const ModeleGrille &g, Sortie &s) {
     }
 }
 
-void ecrireCsv(const ModeleGrille &g, Sortie &s) {
-    const int fin = finDesLignes(g);
-    for (int r = kPremiereLigne; r < fin; ++r) {
-        if (g.IsLigneParent(r)) {
+void ecrireCsv(const Instantane &g, Sortie &s) {
+    for (int r = 0; r < g.nbLignes(); ++r) {
+        if (g.dossier(r)) {
             s << "[" << nomDossier(g, r).toUtf8() << "]";
         } else {
             // No quoting: a ";" or a line break in a field breaks the row.
@@ -199,24 +213,23 @@ void ecrireCsv(const ModeleGrille &g, Sortie &s) {
     }
 }
 
-void ecrireXml(const ModeleGrille &g, Sortie &s) {
+void ecrireXml(const Instantane &g, Sortie &s) {
     // Tag names are the labels cleaned like the values: "Motdepasse>", "Datededebut>".
     std::array<QByteArray, kNbChamps> balises;
     for (int k = 0; k < kNbChamps; ++k)
         balises[size_t(k)] = NettoyerXml(Chaine(kChainePremierLibelle + k) + QStringLiteral("> ")).toUtf8();
-    const auto valeur = [&g](int r, int k) { return NettoyerXml(g.texte(r, kColonneTitre + k)).toUtf8(); };
+    const auto valeur = [&g](int r, int k) { return NettoyerXml(g.champ(r, k)).toUtf8(); };
 
     s.ligne("<EditionXml>");
     // A folder's element holds only its name: it closes at the next row, and its
     // documents follow it rather than sit inside it.
     bool DossierOuvert = false;
-    const int fin = finDesLignes(g);
-    for (int r = kPremiereLigne; r < fin; ++r) {
+    for (int r = 0; r < g.nbLignes(); ++r) {
         if (DossierOuvert) {
             s.ligne("</Dossier>");
             DossierOuvert = false;
         }
-        if (g.IsLigneParent(r)) {
+        if (g.dossier(r)) {
             s.ligne("<Dossier>");
             s << "[" << NettoyerXml(nomDossier(g, r)).toUtf8() << "]";
             s.fin();
@@ -237,33 +250,60 @@ void ecrireXml(const ModeleGrille &g, Sortie &s) {
     s.ligne("</EditionXml>");
 }
 
-using Ecrivain = void (*)(const ModeleGrille &, Sortie &);
+using Ecrivain = void (*)(const Instantane &, Sortie &);
 
-QByteArray enMemoire(const ModeleGrille &g, Ecrivain ecrivain, qsizetype parLigne) {
-    Sortie s(taille(g, parLigne));
-    ecrivain(g, s);
+struct Genre {
+    Ecrivain ecrivain;
+    qsizetype parLigne;  // a rough size of a row in the file
+};
+// In the order of Format.
+constexpr std::array<Genre, 4> kGenres{{{ecrireHtm, 2600}, {ecrireTxt, 400}, {ecrireCsv, 200}, {ecrireXml, 300}}};
+
+QByteArray enMemoire(int format, const ModeleGrille &g) {
+    const Instantane lignes(g);
+    const Genre &genre = kGenres[size_t(format)];
+    Sortie s(taille(lignes, genre.parLigne));
+    genre.ecrivain(lignes, s);
     return s.prendre();
 }
 
+}  // namespace
+
+Instantane::Instantane(const ModeleGrille &grille) {
+    const grille::Grille &cellules = grille.cellules();
+    const int fin = finDesLignes(grille);
+    lignes_.resize(size_t(std::max(0, fin - kPremiereLigne)));
+    for (int r = kPremiereLigne; r < fin; ++r) {
+        Ligne &l = lignes_[size_t(r - kPremiereLigne)];
+        l.textes = cellules.textesPartages(r);
+        l.dossier = grille.IsLigneParent(r);
+        for (int k = 0; k < 8; ++k) {
+            const QStringView t = cellules.texte(r, kColonneTitre + k);
+            l.debut[size_t(k)] = int(t.data() - l.textes.constData());
+            l.longueur[size_t(k)] = int(t.size());
+        }
+    }
+}
+
 // Whole or not at all: a hidden file beside the target, renamed over it at the end.
-void ecrire(int format, const ModeleGrille &g, Ecrivain ecrivain) {
+Decoupe creerFichier(int format, const Instantane &lignes) {
     preparerDossier();
     const QString fichier = chemin(format);
     QSaveFile sortie(fichier);
+    Decoupe decoupe;
     // Owner-only before the first byte, whatever rights an older file had.
     bool ok = sortie.open(QIODevice::WriteOnly) && sortie.setPermissions(kDroitsFichier);
     if (ok) {
-        Sortie s(1 << 18, &sortie);
-        ecrivain(g, s);
+        Sortie s(1 << 18, &sortie, &decoupe, format != Html);
+        kGenres[size_t(format)].ecrivain(lignes, s);
         ok = s.vider() && FichierEntier::valider(sortie);
     }
     if (!ok)
         throw Base::ErreurBase(QStringLiteral("Le fichier d'export %1 n'a pas pu être écrit : %2.\n"
                                               "Vérifiez les droits du dossier et la place libre sur le disque.")
                                    .arg(QDir::toNativeSeparators(fichier), FichierEntier::raisonEchec(sortie)));
+    return decoupe;
 }
-
-}  // namespace
 
 QString chemin(int format) {
     static const char *const noms[] = {"edition.htm", "edition.txt", "csv.txt", "edition.xml"};
@@ -281,7 +321,7 @@ QString motifCopie(int format) {
     return format >= Html && format <= Xml ? QString::fromLatin1(motifs[format]) : QString();
 }
 
-QString NettoyerXml(const QString &texte) {
+QString NettoyerXml(QStringView texte) {
     // Blanks go first, so that a "°" turned into a blank stays.
     QString net;
     net.reserve(texte.size());
@@ -292,21 +332,19 @@ QString NettoyerXml(const QString &texte) {
     return net;
 }
 
-QByteArray contenuHtm(const ModeleGrille &grille) { return enMemoire(grille, ecrireHtm, 2600); }
-QByteArray contenuTxt(const ModeleGrille &grille) { return enMemoire(grille, ecrireTxt, 400); }
-QByteArray contenuCsv(const ModeleGrille &grille) { return enMemoire(grille, ecrireCsv, 200); }
-QByteArray contenuXml(const ModeleGrille &grille) { return enMemoire(grille, ecrireXml, 300); }
+QByteArray contenuHtm(const ModeleGrille &grille) { return enMemoire(Html, grille); }
+QByteArray contenuTxt(const ModeleGrille &grille) { return enMemoire(Texte, grille); }
+QByteArray contenuCsv(const ModeleGrille &grille) { return enMemoire(Csv, grille); }
+QByteArray contenuXml(const ModeleGrille &grille) { return enMemoire(Xml, grille); }
 
-void CreerFicTxt(const ModeleGrille &grille) { ecrire(Texte, grille, ecrireTxt); }
-void CreerFicCsv(const ModeleGrille &grille) { ecrire(Csv, grille, ecrireCsv); }
-void CreerFicHtm(const ModeleGrille &grille) { ecrire(Html, grille, ecrireHtm); }
-void CreerFicXml(const ModeleGrille &grille) { ecrire(Xml, grille, ecrireXml); }
+void CreerFicTxt(const ModeleGrille &grille) { creerFichier(Texte, Instantane(grille)); }
+void CreerFicCsv(const ModeleGrille &grille) { creerFichier(Csv, Instantane(grille)); }
+void CreerFicHtm(const ModeleGrille &grille) { creerFichier(Html, Instantane(grille)); }
+void CreerFicXml(const ModeleGrille &grille) { creerFichier(Xml, Instantane(grille)); }
 
 void creerTout(const ModeleGrille &grille) {
-    CreerFicTxt(grille);
-    CreerFicCsv(grille);
-    CreerFicHtm(grille);
-    CreerFicXml(grille);
+    const Instantane lignes(grille);
+    for (const Format format : kOrdre) creerFichier(format, lignes);
 }
 
 }  // namespace Exports

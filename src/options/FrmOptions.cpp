@@ -1,5 +1,7 @@
 #include "FrmOptions.h"
 
+#include "options/ApercuExport.h"
+#include "options/EcritureExports.h"
 #include "options/Exports.h"
 #include "grid/MyCoolGrid.h"
 #include "store/Base.h"
@@ -12,13 +14,11 @@
 #include "workspace/frmMain.h"
 
 #include <QCheckBox>
-#include <QFile>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QRadioButton>
 #include <QShortcut>
-#include <QTextBrowser>
-#include <QUrl>
 
 void Echantillon::paintEvent(QPaintEvent *) {
     QPainter p(this);
@@ -94,16 +94,14 @@ FrmOptions::FrmOptions(frmMain *principale) : FenetreDialogue(principale) {
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), this), &QShortcut::activated, this,
             [this] { clicOnglet((pageCourante() + 3) % 4); });
 
-    // The page last shown, then the exports of the tree as it stands now.
+    // The page last shown, then the exports of the tree as it stands now, written
+    // while the window answers; the preview follows them.
     page_ = qBound(0, Reglages::lireNombre(Reglages::Cle::Options), 3);
     P[page_]->show();
     Onglets[page_]->enfoncer();
     if (principale) {
-        try {
-            Exports::creerTout(*principale->MG);
-        } catch (const Base::ErreurBase &e) {
-            Messages::information(e.message());
-        }
+        ecriture_ = new EcritureExports(*principale->MG, this);
+        connect(ecriture_, &EcritureExports::terminee, this, &FrmOptions::exportsEcrits);
     }
     const int format = Reglages::lireNombre(Reglages::Cle::Edition);
     OExport[format >= 0 && format <= 3 ? format : 0]->setChecked(true);
@@ -119,7 +117,7 @@ void FrmOptions::creerPages() {
         OExport[i]->setGeometry(12 + i * 110, 10, 104, 24);
         connect(OExport[i], &QRadioButton::clicked, this, [this, i] { choisirExport(i); });
     }
-    WB = new QTextBrowser(P[0]);
+    WB = new ApercuExport(P[0]);
     WB->setObjectName(QStringLiteral("WBOptions"));
     WB->setGeometry(12, 42, kPage.width() - 24, kPage.height() - 98);
     Exp[0] = boutonTexte(P[0], Chaine(953), QStringLiteral("document-save-as"));
@@ -186,16 +184,30 @@ void FrmOptions::clicOnglet(int index) {
 }
 
 void FrmOptions::choisirExport(int index) {
-    const QString chemin = Exports::chemin(index);
-    // The page shows as a page; the other formats as the text they are.
-    if (index == Exports::Html) {
-        WB->setSource(QUrl::fromLocalFile(chemin));
-        WB->reload();
-    } else {
-        QFile f(chemin);
-        WB->setPlainText(f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString());
-    }
+    montrerExport(index);
     Reglages::ecrire(Reglages::Cle::Edition, index);
+}
+
+void FrmOptions::montrerExport(int index) {
+    // The page shows as a page; the other formats as the text they are.
+    if (!ecriture_)
+        WB->montrerMessage(QString());
+    else if (ecriture_->enCours())
+        WB->montrerMessage(QStringLiteral("Préparation de l'export…"));
+    else if (ecriture_->decoupe(index).bornes.empty())
+        WB->montrerMessage(ecriture_->erreur());
+    else
+        WB->montrer(Exports::chemin(index), ecriture_->decoupe(index), index == Exports::Html);
+}
+
+void FrmOptions::exportsEcrits() {
+    if (!ecriture_->erreur().isEmpty()) Messages::information(ecriture_->erreur());
+    for (int i = 0; i < 4; ++i)
+        if (OExport[i]->isChecked()) montrerExport(i);
+}
+
+void FrmOptions::attendreExports() {
+    if (ecriture_) ecriture_->attendre();
 }
 
 void FrmOptions::clicExp() {
@@ -203,6 +215,12 @@ void FrmOptions::clicExp() {
         const int format = Reglages::lireNombre(Reglages::Cle::Edition);
         const QString cible = ChoixFichier::enregistrer(this, Chaine(962) + Exports::libelleCopie(format), Exports::motifCopie(format));
         if (!cible.isEmpty() && !Exports::chemin(format).isEmpty()) {
+            // Chosen before the files are all written: the copy waits for them.
+            if (ecriture_ && ecriture_->enCours()) {
+                QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+                attendreExports();
+                QGuiApplication::restoreOverrideCursor();
+            }
             try {
                 CopieBase::copierEntier(Exports::chemin(format), cible);
                 Messages::information(Chaine(142));

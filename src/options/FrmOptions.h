@@ -1,21 +1,23 @@
 #pragma once
 // The options window: four pages behind tabs (exports, visible columns, interface
-// colours, icon library). It is made once and only hidden when closed, so that a
-// second opening finds it as it was left, exports included.
+// colours, icon library). It is made once a login and only hidden when closed, so
+// that a second opening finds it as it was left, exports included. The exports are
+// written while the window is already up.
 
 #include "dialogs/FenetreDialogue.h"
 #include "ui/BoutonImage.h"
 
 #include <array>
 
+class ApercuExport;
 class DelegueLibelle;
+class EcritureExports;
 class QCheckBox;
 class QImage;
 class QLabel;
 class QListWidget;
 class QListWidgetItem;
 class QRadioButton;
-class QTextBrowser;
 
 // A colour sample: a latching button that shows a back colour and a text colour
 // (stored numbers, red in the low byte).
@@ -37,7 +39,7 @@ public:
     std::array<BoutonImage *, 4> Onglets{};
     std::array<PanneauImage *, 4> P{};
     std::array<QRadioButton *, 4> OExport{};
-    QTextBrowser *WB = nullptr;
+    ApercuExport *WB = nullptr;
     std::array<BoutonImage *, 1> Exp{};
     std::array<QCheckBox *, 8> Info{};
     std::array<BoutonImage *, 1> OInfo{};
@@ -53,6 +55,8 @@ public:
     bool MajIcones();
 
     int pageCourante() const;
+    // Until the four export files, begun when the window was made, are written.
+    void attendreExports();
     // The sample's colours as stored (red in the low byte).
     int couleurFond(int echantillon) const;
     int couleurTexte(int echantillon) const;
@@ -72,6 +76,8 @@ private:
     void creerPages();
     void clicOnglet(int index);
     void choisirExport(int index);
+    void montrerExport(int index);
+    void exportsEcrits();
     void clicExp();
     void clicOInfo();
     void clicCouleur(int index);
@@ -89,6 +95,7 @@ private:
     // The library in memory changed (or was saved): said on the page, and signalled.
     void marquerIcones(bool enregistrees);
     int page_ = 0;
+    EcritureExports *ecriture_ = nullptr;
     DelegueLibelle *delegueLibelle_ = nullptr;
     QLabel *etatIcones_ = nullptr;
 };

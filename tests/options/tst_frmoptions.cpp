@@ -2,6 +2,7 @@
 
 #include "grid/MyCoolGrid.h"
 #include "options/Blit.h"
+#include "options/ApercuExport.h"
 #include "options/Exports.h"
 #include "options/FrmOptions.h"
 #include "support/PrincipaleTest.h"
@@ -15,7 +16,6 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTextBrowser>
 #include <functional>
 
 class TestFrmOptions : public QObject {
@@ -60,12 +60,13 @@ private slots:
             QVERIFY(o->P[0]->isVisible() && !o->P[1]->isVisible());
             QVERIFY(o->OExport[0]->isChecked());
             for (QCheckBox *c : o->Info) QVERIFY(c->isChecked());
+            o->attendreExports();
             QCOMPARE(lire(Exports::chemin(Exports::Texte)), Exports::contenuTxt(*f->MG));
-            QVERIFY(o->WB->toPlainText().contains(QStringLiteral("Compte courant")));
+            QVERIFY(o->WB->texteVisible().contains(QStringLiteral("Compte courant")));
             // Another format: shown and remembered; its copy through the save dialog.
             cocher(o->OExport[2]);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::Edition), 2);
-            QVERIFY(o->WB->toPlainText().startsWith(QStringLiteral("[Banques]")));
+            QVERIFY(o->WB->texteVisible().startsWith(QStringLiteral("[Banques]")));
             ChoixFichier::prevoirReponses({t->env->chemin(QStringLiteral("copie.csv"))});
             QTest::mouseClick(o->Exp[0], Qt::LeftButton);
             QCOMPARE(ChoixFichier::filtresDemandes(), QStringList{QStringLiteral("Les fichiers  Csv (*.csv)")});
