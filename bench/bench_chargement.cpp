@@ -7,64 +7,18 @@
 
 #include "app/Navigation.h"
 #include "grid/MyCoolGrid.h"
-#include "store/Base.h"
-#include "store/Chemins.h"
-#include "store/Reglages.h"
-#include "store/Session.h"
-#include "support/BaseExemple.h"
-#include "ui/Messages.h"
 #include "workspace/Chargement.h"
 #include "workspace/frmMain.h"
 #include "Banc.h"
+#include "BasesBanc.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QMap>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <cstring>
-#include <memory>
 
 namespace {
 
-// One base a size, built once: 200 folders and n documents in account 1. With
-// KORVANE_BANC_BASES set, the bases are kept in that folder from one run to the next
-// (a profile of the loading alone).
-struct Environnement {
-    QTemporaryDir temporaire;
-    QString chemin;
-    explicit Environnement(int documents) {
-        const QString garde = qEnvironmentVariable("KORVANE_BANC_BASES");
-        chemin = garde.isEmpty() ? temporaire.path() : garde + u'/' + QString::number(documents);
-        const bool existe = !garde.isEmpty() && QFile::exists(chemin + QStringLiteral("/korvane.kvx"));
-        QDir().mkpath(chemin);
-        Chemins::definirDossierProgramme(chemin);
-        Reglages::definirDossier(chemin + QStringLiteral("/config"));
-        Reglages::ecrire(Reglages::Cle::Demarrage, 1);
-        Messages::preparerPourTests();
-        Base::preparerBase();
-        if (documents > 0 && !existe) BaseExemple::remplir(1, 200, documents);
-        Session::NumCompteCourant = 1;
-        Session::LoginCourant = QStringLiteral("banc");
-    }
-};
-
-void utiliser(int documents) {
-    static QMap<int, std::shared_ptr<Environnement>> bases;
-    if (!bases.contains(documents)) bases.insert(documents, std::make_shared<Environnement>(documents));
-    const auto &e = bases[documents];
-    Chemins::definirDossierProgramme(e->chemin);
-    Reglages::definirDossier(e->chemin + QStringLiteral("/config"));
-}
-
-long memoireResidenteKo() {
-    QFile f(QStringLiteral("/proc/self/status"));
-    if (!f.open(QIODevice::ReadOnly)) return -1;
-    for (const QByteArray &ligne : f.readAll().split('\n'))
-        if (ligne.startsWith("VmRSS:")) return ligne.mid(6).trimmed().split(' ').value(0).toLong();
-    return -1;
-}
+using BasesBanc::utiliser;
 
 // From nothing to the main window on screen with its tree, as after the login.
 void BM_OuvrirPrincipale(benchmark::State &s) {
@@ -205,10 +159,10 @@ void BM_Recharger(benchmark::State &s) {
 // Loads a grid of n documents, then prints the resident memory: one process, one load.
 int mesurerMemoire(int documents) {
     utiliser(documents);
-    const long avant = memoireResidenteKo();
+    const long avant = BasesBanc::memoireKo();
     Navigation::afficherPrincipale();
     QApplication::processEvents();
-    const long apres = memoireResidenteKo();
+    const long apres = BasesBanc::memoireKo();
     std::printf("documents %d: RSS before the main window %.1f MB, after %.1f MB\n", documents, avant / 1024.0, apres / 1024.0);
     Navigation::fermerTout();
     return 0;

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
+#include <QStringEncoder>
 
 #include <algorithm>
 #include <array>
@@ -55,6 +56,35 @@ public:
         taille_ += morceau.size();
         return *this;
     }
+    // A text in UTF-8, encoded straight into the buffer.
+    Sortie &operator<<(QStringView texte) {
+        const qsizetype besoin = utf8_.requiredSpace(texte.size());
+        if (taille_ + besoin > octets_.size()) faireDeLaPlace(besoin);
+        taille_ = utf8_.appendToBuffer(tete_ + taille_, texte) - tete_;
+        return *this;
+    }
+    // The same, cleaned as NettoyerXml cleans it, on the bytes just encoded: no blank,
+    // "é" (C3 A9) as "e", "°" (C2 B0) as a blank.
+    void xml(QStringView texte) {
+        const qsizetype besoin = utf8_.requiredSpace(texte.size());
+        if (taille_ + besoin > octets_.size()) faireDeLaPlace(besoin);
+        const qsizetype debut = taille_;  // after the buffer went to the file
+        *this << texte;
+        const char *lu = tete_ + debut, *const bout = tete_ + taille_;
+        char *ecrit = tete_ + debut;
+        while (lu < bout) {
+            const uchar premier = uchar(lu[0]), second = lu + 1 < bout ? uchar(lu[1]) : 0;
+            if (premier == ' ') {
+                ++lu;
+            } else if ((premier == 0xC3 && second == 0xA9) || (premier == 0xC2 && second == 0xB0)) {
+                *ecrit++ = premier == 0xC3 ? 'e' : ' ';
+                lu += 2;
+            } else {
+                *ecrit++ = *lu++;
+            }
+        }
+        taille_ = ecrit - tete_;
+    }
     void fin() {
         *this << kFin;
         if (parLigne_) borne();
@@ -90,6 +120,7 @@ private:
     Decoupe *decoupe_;
     bool parLigne_;
     qint64 sortis_ = 0;  // gone to the file
+    QStringEncoder utf8_{QStringEncoder::Utf8, QStringConverter::Flag::Stateless};
     QByteArray octets_;
     char *tete_ = nullptr;
     qsizetype taille_ = 0;
@@ -111,7 +142,6 @@ QStringView sansBlancs(QStringView texte) {
 
 QStringView nomDossier(const Instantane &g, int ligne) { return sansBlancs(g.champ(ligne, 0)); }
 
-QByteArray champ(const Instantane &g, int ligne, int k) { return g.champ(ligne, k).toUtf8(); }
 
 std::array<QByteArray, kNbChamps> libelles() {
     std::array<QByteArray, kNbChamps> l;
@@ -146,7 +176,7 @@ void ecrireHtm(const Instantane &g, Sortie &s) {
         if (g.dossier(r)) {
             s.ligne("<br>");
             s.ligne("<tr>");
-            s << "<td colspan='8'>" << kPolice << "'red'>[" << nomDossier(g, r).toUtf8() << "]<br>";
+            s << "<td colspan='8'>" << kPolice << "'red'>[" << nomDossier(g, r) << "]<br>";
             s.fin();
             s.ligne("</font></td>");
             s.ligne("</tr>");
@@ -156,14 +186,14 @@ void ecrireHtm(const Instantane &g, Sortie &s) {
             s.fin();
             for (int k = 0; k < 7; ++k) {
                 s << "<br>" << kTd << kLargeursChamps[size_t(k)] << kCelluleChamp << lib[size_t(k)] << "</b> : "
-                  << champ(g, r, k) << "</font></td>";
+                  << g.champ(r, k) << "</font></td>";
                 s.fin();
             }
             s.ligne("</tr>");
             s.ligne("<tr>");
             s << kTd << "6" << kCelluleVide;
             s.fin();
-            s << "<br><td colspan='7'>" << kPolice << "'0'>&nbsp;&nbsp;&nbsp;&nbsp;" << champ(g, r, 7)
+            s << "<br><td colspan='7'>" << kPolice << "'0'>&nbsp;&nbsp;&nbsp;&nbsp;" << g.champ(r, 7)
               << "</font></td><br>";
             s.fin();
             s.ligne("</tr>");
@@ -185,12 +215,12 @@ void ecrireTxt(const Instantane &g, Sortie &s) {
     for (int r = 0; r < g.nbLignes(); ++r) {
         if (g.dossier(r)) {
             s.fin();
-            s << "[" << nomDossier(g, r).toUtf8() << "]";
+            s << "[" << nomDossier(g, r) << "]";
             s.fin();
             s.fin();
         } else {
             for (int k = 0; k < kNbChamps; ++k) {
-                s << "     " << lib[size_t(k)] << " : " << champ(g, r, k);
+                s << "     " << lib[size_t(k)] << " : " << g.champ(r, k);
                 s.fin();
             }
             s.fin();
@@ -201,12 +231,12 @@ void ecrireTxt(const Instantane &g, Sortie &s) {
 void ecrireCsv(const Instantane &g, Sortie &s) {
     for (int r = 0; r < g.nbLignes(); ++r) {
         if (g.dossier(r)) {
-            s << "[" << nomDossier(g, r).toUtf8() << "]";
+            s << "[" << nomDossier(g, r) << "]";
         } else {
             // No quoting: a ";" or a line break in a field breaks the row.
             for (int k = 0; k < kNbChamps; ++k) {
                 if (k > 0) s << ";";
-                s << champ(g, r, k);
+                s << g.champ(r, k);
             }
         }
         s.fin();
@@ -218,7 +248,6 @@ void ecrireXml(const Instantane &g, Sortie &s) {
     std::array<QByteArray, kNbChamps> balises;
     for (int k = 0; k < kNbChamps; ++k)
         balises[size_t(k)] = NettoyerXml(Chaine(kChainePremierLibelle + k) + QStringLiteral("> ")).toUtf8();
-    const auto valeur = [&g](int r, int k) { return NettoyerXml(g.champ(r, k)).toUtf8(); };
 
     s.ligne("<EditionXml>");
     // A folder's element holds only its name: it closes at the next row, and its
@@ -231,15 +260,20 @@ void ecrireXml(const Instantane &g, Sortie &s) {
         }
         if (g.dossier(r)) {
             s.ligne("<Dossier>");
-            s << "[" << NettoyerXml(nomDossier(g, r)).toUtf8() << "]";
+            s << "[";
+            s.xml(nomDossier(g, r));
+            s << "]";
             s.fin();
             DossierOuvert = true;
         } else {
             // The title's element stays open over the seven others.
-            s << "<" << balises[0] << valeur(r, 0);
+            s << "<" << balises[0];
+            s.xml(g.champ(r, 0));
             s.fin();
             for (int k = 1; k < kNbChamps; ++k) {
-                s << "<" << balises[size_t(k)] << valeur(r, k) << "</" << balises[size_t(k)];
+                s << "<" << balises[size_t(k)];
+                s.xml(g.champ(r, k));
+                s << "</" << balises[size_t(k)];
                 s.fin();
             }
             s << "</" << balises[0];
