@@ -200,6 +200,27 @@ TEST(Exports, FichiersPrivesSousEdition) {
         EXPECT_GT(attendus[f].size(), 1 << 18) << f;
         EXPECT_EQ(mode(fichier.fileName()), 0600) << f;
     }
+    // The cut of each file, as the preview reads it: a line a piece in the three
+    // others, a row of the grid a piece in the page, between its head and its tail.
+    const Exports::Instantane lignes(g);
+    for (int f = Exports::Html; f <= Exports::Xml; ++f) {
+        const Exports::Decoupe d = Exports::creerFichier(f, lignes);
+        const QByteArray &octets = attendus[f];
+        ASSERT_FALSE(d.bornes.empty()) << f;
+        QList<QByteArray> pieces;
+        for (int i = 0; i < d.nbPieces(); ++i) pieces << octets.mid(d.bornes[size_t(i)], d.bornes[size_t(i) + 1] - d.bornes[size_t(i)]);
+        if (f == Exports::Html) {
+            EXPECT_EQ(octets.left(d.bornes.front()), kTeteHtml) << f;
+            EXPECT_EQ(octets.mid(d.bornes.back()), kQueueHtml) << f;
+            EXPECT_EQ(d.nbPieces(), lignes.nbLignes());
+            for (const QByteArray &p : pieces) EXPECT_TRUE(p.startsWith("<br>\r\n<tr>") || p.startsWith("<tr>")) << p.left(40).data();
+        } else {
+            EXPECT_EQ(d.bornes.front(), 0) << f;
+            EXPECT_EQ(d.bornes.back(), octets.size()) << f;
+            EXPECT_EQ(d.nbPieces(), octets.count("\r\n")) << f;
+            for (const QByteArray &p : pieces) EXPECT_TRUE(p.endsWith("\r\n") && p.indexOf('\n') == p.size() - 1) << p.data();
+        }
+    }
     EXPECT_EQ(Exports::chemin(Exports::Csv), edition + "/csv.txt");
     EXPECT_TRUE(Exports::chemin(4).isEmpty());
 

@@ -5,6 +5,7 @@
 #include "options/ApercuExport.h"
 #include "options/Exports.h"
 #include "options/FrmOptions.h"
+#include "support/BaseExemple.h"
 #include "support/PrincipaleTest.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
@@ -81,6 +82,36 @@ private slots:
         f->ChargerMG();
         options([](FrmOptions *o) { QVERIFY(o->OExport[2]->isChecked()); });
         QCOMPARE(lire(Exports::chemin(Exports::Texte)), avant);
+    }
+
+    void unGrandArbreSeMontreDuDebutALaFin() {
+        BaseExemple::remplir(1, 20, 3000, 200);
+        f->MG->Clear();
+        f->ChargerMG();
+        options([this](FrmOptions *o) {
+            o->attendreExports();
+            const QByteArray contenus[] = {Exports::contenuHtm(*f->MG), Exports::contenuTxt(*f->MG),
+                                           Exports::contenuCsv(*f->MG), Exports::contenuXml(*f->MG)};
+            // The page's last row, by the title of its document.
+            const QString page = QString::fromUtf8(contenus[Exports::Html]);
+            const qsizetype titre = page.lastIndexOf(QStringLiteral("Titre</b> : ")) + 12;
+            const QString dernier = page.mid(titre, page.indexOf(QStringLiteral("</font>"), titre) - titre);
+            for (int i : {1, 2, 3, 0}) {
+                QCOMPARE(lire(Exports::chemin(i)), contenus[i]);
+                cocher(o->OExport[i]);
+                const QStringList lignes = QString::fromUtf8(contenus[i]).split(QStringLiteral("\r\n"));
+                const QString debut = i == Exports::Html ? QStringLiteral("[Banques]") : lignes.mid(0, 4).join(u'\n');
+                const QString fin = i == Exports::Html ? dernier : lignes.mid(lignes.size() - 4, 3).join(u'\n');
+                // The page's rows begin with line breaks of their own.
+                const QString vu = o->WB->texteVisible();
+                QVERIFY((i == Exports::Html ? vu.trimmed() : vu).startsWith(debut));
+                QVERIFY(!o->WB->texteVisible().contains(fin));
+                QTest::keyClick(o->WB, Qt::Key_End);
+                QVERIFY2(i == Exports::Html ? o->WB->texteVisible().contains(fin) : o->WB->texteVisible().endsWith(fin),
+                         qPrintable(o->WB->texteVisible().right(200)));
+                QTest::keyClick(o->WB, Qt::Key_Home);
+            }
+        });
     }
 
     void colonnesEtCouleurs() {
