@@ -2,6 +2,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -22,12 +25,22 @@ ApercuExport::ApercuExport(QWidget *parent) : QAbstractScrollArea(parent), rendu
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ApercuExport::barreBougee);
 }
 
-void ApercuExport::montrer(const QString &chemin, const Exports::Decoupe &decoupe, bool html) {
+void ApercuExport::montrer(const QString &chemin, const Exports::Decoupe &decoupe, bool html, bool garderPosition) {
+    lire(std::make_unique<QFile>(chemin), QDir::toNativeSeparators(chemin), decoupe, html, garderPosition);
+}
+
+void ApercuExport::montrer(const QByteArray &octets, const Exports::Decoupe &decoupe, bool html) {
+    auto tampon = std::make_unique<QBuffer>();
+    tampon->setData(octets);
+    lire(std::move(tampon), QString(), decoupe, html, false);
+}
+
+void ApercuExport::lire(std::unique_ptr<QIODevice> source, const QString &nom, const Exports::Decoupe &decoupe,
+                        bool html, bool garderPosition) {
     rendus_.clear();
-    fichier_.close();
-    fichier_.setFileName(chemin);
-    if (decoupe.bornes.empty() || !fichier_.open(QIODevice::ReadOnly)) {
-        montrerMessage(QStringLiteral("Le fichier %1 ne peut pas être lu.").arg(chemin));
+    source_ = std::move(source);
+    if (decoupe.bornes.empty() || !source_->open(QIODevice::ReadOnly)) {
+        montrerMessage(QStringLiteral("Le fichier %1 ne peut pas être lu.").arg(nom));
         return;
     }
     message_.clear();
@@ -36,22 +49,21 @@ void ApercuExport::montrer(const QString &chemin, const Exports::Decoupe &decoup
     fond_ = palette().base();
     if (html_) {
         // Every row is drawn inside the file's own head and tail, which set the page's look.
-        fichier_.seek(0);
-        tete_ = QString::fromUtf8(fichier_.read(decoupe_.bornes.front()));
-        fichier_.seek(decoupe_.bornes.back());
-        queue_ = QString::fromUtf8(fichier_.readAll());
+        source_->seek(0);
+        tete_ = QString::fromUtf8(source_->read(decoupe_.bornes.front()));
+        source_->seek(decoupe_.bornes.back());
+        queue_ = QString::fromUtf8(source_->readAll());
         QTextDocument page;
         page.setHtml(tete_ + queue_);
         if (const QBrush b = page.rootFrame()->frameFormat().background(); b.style() != Qt::NoBrush) fond_ = b;
     }
     recalculerFin();
-    position_ = {};
-    allerA({});
+    allerA(garderPosition ? position_ : Position{});
 }
 
 void ApercuExport::montrerMessage(const QString &texte) {
     rendus_.clear();
-    fichier_.close();
+    source_.reset();
     decoupe_ = {};
     message_ = texte;
     fond_ = palette().base();
@@ -70,7 +82,7 @@ QTextDocument *ApercuExport::rendu(int piece) const {
         d->setDefaultTextOption(option);
         const qint64 debut = decoupe_.bornes[size_t(piece)];
         QByteArray octets;
-        if (fichier_.seek(debut)) octets = fichier_.read(decoupe_.bornes[size_t(piece) + 1] - debut);
+        if (source_->seek(debut)) octets = source_->read(decoupe_.bornes[size_t(piece) + 1] - debut);
         if (html_) {
             d->setHtml(tete_ + QString::fromUtf8(octets) + queue_);
         } else {

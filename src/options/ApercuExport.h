@@ -9,15 +9,20 @@
 #include <QAbstractScrollArea>
 #include <QBrush>
 #include <QCache>
-#include <QFile>
+#include <QIODevice>
+
+#include <memory>
 #include <QTextDocument>
 
 class ApercuExport : public QAbstractScrollArea {
 public:
     explicit ApercuExport(QWidget *parent = nullptr);
 
-    // The file, cut as it was written; html: its pieces are drawn as a page.
-    void montrer(const QString &chemin, const Exports::Decoupe &decoupe, bool html);
+    // The file, cut as it was written; html: its pieces are drawn as a page. With
+    // garderPosition, the view stays on the piece it showed (the same file, now whole).
+    void montrer(const QString &chemin, const Exports::Decoupe &decoupe, bool html, bool garderPosition = false);
+    // The same from bytes in memory: the start of a file still being written.
+    void montrer(const QByteArray &octets, const Exports::Decoupe &decoupe, bool html);
     // A line of its own in place of a file: while the files are written, or when one failed.
     void montrerMessage(const QString &texte);
 
@@ -49,7 +54,9 @@ private:
     void barreBougee(int valeur);
     QList<int> piecesVisibles() const;
 
-    mutable QFile fichier_;
+    void lire(std::unique_ptr<QIODevice> source, const QString &nom, const Exports::Decoupe &decoupe, bool html,
+              bool garderPosition);
+    std::unique_ptr<QIODevice> source_;  // the file, or the bytes of its start
     Exports::Decoupe decoupe_;
     QBrush fond_;  // the page's own background, or the view's
     bool html_ = false;

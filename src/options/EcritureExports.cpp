@@ -8,7 +8,12 @@
 #include <thread>
 #include <vector>
 
-EcritureExports::EcritureExports(const ModeleGrille &grille, QObject *parent) : QObject(parent) {
+namespace {
+constexpr int kLignesDuDebut = 300;  // more than a view holds
+}
+
+EcritureExports::EcritureExports(const ModeleGrille &grille, QObject *parent)
+    : QObject(parent), debut_(grille, kLignesDuDebut) {
     // The rows are taken here, on the grid's thread; the thread reads only them.
     auto lignes = std::make_shared<const Exports::Instantane>(grille);
     // The four at once: while one file goes to the disk, the next is being made.

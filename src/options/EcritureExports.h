@@ -26,12 +26,15 @@ public:
     const Exports::Decoupe &decoupe(int format) const { return decoupes_[size_t(format)]; }
     // Why the writing stopped; empty when all four were written.
     const QString &erreur() const { return erreur_; }
+    // The first rows, taken too: the start of each file can be shown while it is written.
+    const Exports::Instantane &debut() const { return debut_; }
 
 signals:
     void terminee();
 
 private:
     void finir();
+    Exports::Instantane debut_;
     std::unique_ptr<QThread> fil_;
     std::array<Exports::Decoupe, 4> decoupes_;
     QString erreur_;

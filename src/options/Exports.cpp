@@ -280,6 +280,8 @@ void ecrireXml(const Instantane &g, Sortie &s) {
             s.fin();
         }
     }
+    // The start of a tree stops at its last row, without the file's end.
+    if (!g.complet()) return;
     if (DossierOuvert) s.ligne("</Dossier>");
     s.ligne("</EditionXml>");
 }
@@ -293,19 +295,17 @@ struct Genre {
 // In the order of Format.
 constexpr std::array<Genre, 4> kGenres{{{ecrireHtm, 2600}, {ecrireTxt, 400}, {ecrireCsv, 200}, {ecrireXml, 300}}};
 
-QByteArray enMemoire(int format, const ModeleGrille &g) {
-    const Instantane lignes(g);
-    const Genre &genre = kGenres[size_t(format)];
-    Sortie s(taille(lignes, genre.parLigne));
-    genre.ecrivain(lignes, s);
-    return s.prendre();
-}
+QByteArray enMemoire(int format, const ModeleGrille &g) { return contenu(format, Instantane(g)); }
 
 }  // namespace
 
-Instantane::Instantane(const ModeleGrille &grille) {
+Instantane::Instantane(const ModeleGrille &grille, int limite) {
     const grille::Grille &cellules = grille.cellules();
-    const int fin = finDesLignes(grille);
+    int fin = finDesLignes(grille);
+    if (limite >= 0 && fin - kPremiereLigne > limite) {
+        fin = kPremiereLigne + limite;
+        complet_ = false;
+    }
     lignes_.resize(size_t(std::max(0, fin - kPremiereLigne)));
     for (int r = kPremiereLigne; r < fin; ++r) {
         Ligne &l = lignes_[size_t(r - kPremiereLigne)];
@@ -317,6 +317,13 @@ Instantane::Instantane(const ModeleGrille &grille) {
             l.longueur[size_t(k)] = int(t.size());
         }
     }
+}
+
+QByteArray contenu(int format, const Instantane &lignes, Decoupe *decoupe) {
+    const Genre &genre = kGenres[size_t(format)];
+    Sortie s(taille(lignes, genre.parLigne), nullptr, decoupe, format != Html);
+    genre.ecrivain(lignes, s);
+    return s.prendre();
 }
 
 // Whole or not at all: a hidden file beside the target, renamed over it at the end.

@@ -18,10 +18,12 @@ QString NettoyerXml(QStringView texte);
 // The rows the exports read (from row 2 on), taken from the grid in one quick pass:
 // the texts are shared with the grid, not copied, and keep the values they had when
 // taken. The files can then be written on another thread while the grid changes.
+// With a limit, only the first rows: the start of each file, without its end.
 class Instantane {
 public:
-    explicit Instantane(const ModeleGrille &grille);
+    explicit Instantane(const ModeleGrille &grille, int limite = -1);
     int nbLignes() const { return int(lignes_.size()); }
+    bool complet() const { return complet_; }
     bool dossier(int i) const { return lignes_[size_t(i)].dossier; }
     // Field k (0 to 7, columns 3 to 10) of row i; for a folder, 0 is its name as the grid shows it.
     QStringView champ(int i, int k) const {
@@ -37,6 +39,7 @@ private:
         bool dossier = false;
     };
     std::vector<Ligne> lignes_;
+    bool complet_ = true;
 };
 
 // Where a written file may be cut for its preview, in bytes: piece i runs from
@@ -62,6 +65,8 @@ void CreerFicXml(const ModeleGrille &grille);
 void creerTout(const ModeleGrille &grille);
 // The order in which the four are written.
 constexpr std::array<Format, 4> kOrdre{Texte, Csv, Html, Xml};
+// A file's bytes in memory, and their cut when asked.
+QByteArray contenu(int format, const Instantane &lignes, Decoupe *decoupe = nullptr);
 // One file from rows taken before, on any thread, with its cut.
 Decoupe creerFichier(int format, const Instantane &lignes);
 }

@@ -188,22 +188,27 @@ void FrmOptions::choisirExport(int index) {
     Reglages::ecrire(Reglages::Cle::Edition, index);
 }
 
-void FrmOptions::montrerExport(int index) {
-    // The page shows as a page; the other formats as the text they are.
-    if (!ecriture_)
+void FrmOptions::montrerExport(int index, bool garderPosition) {
+    // The page shows as a page; the other formats as the text they are. While the
+    // files are written, the start of the chosen one, made again from the first rows.
+    const bool html = index == Exports::Html;
+    if (!ecriture_) {
         WB->montrerMessage(QString());
-    else if (ecriture_->enCours())
-        WB->montrerMessage(QStringLiteral("Préparation de l'export…"));
-    else if (ecriture_->decoupe(index).bornes.empty())
+    } else if (ecriture_->enCours()) {
+        Exports::Decoupe decoupe;
+        const QByteArray debut = Exports::contenu(index, ecriture_->debut(), &decoupe);
+        WB->montrer(debut, decoupe, html);
+    } else if (ecriture_->decoupe(index).bornes.empty()) {
         WB->montrerMessage(ecriture_->erreur());
-    else
-        WB->montrer(Exports::chemin(index), ecriture_->decoupe(index), index == Exports::Html);
+    } else {
+        WB->montrer(Exports::chemin(index), ecriture_->decoupe(index), html, garderPosition);
+    }
 }
 
 void FrmOptions::exportsEcrits() {
     if (!ecriture_->erreur().isEmpty()) Messages::information(ecriture_->erreur());
     for (int i = 0; i < 4; ++i)
-        if (OExport[i]->isChecked()) montrerExport(i);
+        if (OExport[i]->isChecked()) montrerExport(i, true);
 }
 
 void FrmOptions::attendreExports() {

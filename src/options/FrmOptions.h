@@ -76,7 +76,7 @@ private:
     void creerPages();
     void clicOnglet(int index);
     void choisirExport(int index);
-    void montrerExport(int index);
+    void montrerExport(int index, bool garderPosition = false);
     void exportsEcrits();
     void clicExp();
     void clicOInfo();

@@ -209,6 +209,16 @@ TEST(Exports, FichiersPrivesSousEdition) {
         ASSERT_FALSE(d.bornes.empty()) << f;
         QList<QByteArray> pieces;
         for (int i = 0; i < d.nbPieces(); ++i) pieces << octets.mid(d.bornes[size_t(i)], d.bornes[size_t(i) + 1] - d.bornes[size_t(i)]);
+        // The start made from the first rows, shown while the file is written: the
+        // same pieces, cut at the same places, and no end of the file.
+        Exports::Decoupe dd;
+        const QByteArray debut = Exports::contenu(f, Exports::Instantane(g, 50), &dd);
+        ASSERT_EQ(dd.nbPieces(), f == Exports::Html ? 50 : int(octets.left(dd.bornes.back()).count("\r\n"))) << f;
+        EXPECT_EQ(std::vector<qint64>(d.bornes.begin(), d.bornes.begin() + qsizetype(dd.bornes.size())), dd.bornes) << f;
+        EXPECT_EQ(debut.left(dd.bornes.back()), octets.left(dd.bornes.back())) << f;
+        if (f != Exports::Html) {
+            EXPECT_EQ(debut.size(), dd.bornes.back()) << f;
+        }
         if (f == Exports::Html) {
             EXPECT_EQ(octets.left(d.bornes.front()), kTeteHtml) << f;
             EXPECT_EQ(octets.mid(d.bornes.back()), kQueueHtml) << f;
