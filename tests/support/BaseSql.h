@@ -12,7 +12,9 @@ namespace BaseSql {
 inline QStringList lignes(const QString &chemin, const QString &sql) {
     sqlite3 *db = nullptr;
     QStringList resultat;
-    if (sqlite3_open_v2(QFile::encodeName(chemin).constData(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+    // Read-write where the file allows it, as the stock shell opens it: a program killed
+    // in a write leaves a journal that only such a reader rolls back before reading.
+    if (sqlite3_open_v2(QFile::encodeName(chemin).constData(), &db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
         sqlite3_close(db);
         return {QStringLiteral("ERREUR: ouverture")};
     }
