@@ -1,6 +1,7 @@
 #include "Navigation.h"
 
 #include "store/FrmLogin.h"
+#include "ui/PressePapiers.h"
 #include "workspace/frmMain.h"
 
 #include <QPointer>
@@ -37,6 +38,8 @@ void afficherPrincipale() {
 }
 
 void afficherLogin() {
+    // What the account copied does not stay for the next one, nor over a replaced base.
+    PressePapiers::instance().effacerSiIntact();
     fermer(principale);
     principale = nullptr;
     fermer(login);

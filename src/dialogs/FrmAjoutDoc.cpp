@@ -8,6 +8,7 @@
 #include "ui/Chaines.h"
 #include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
+#include "ui/SaisieSecrete.h"
 #include "workspace/frmMain.h"
 
 #include <QCalendarWidget>
@@ -111,6 +112,8 @@ void FrmAjoutDoc::creerControles() {
         });
         if (i > 0) setTabOrder(Saisie[i - 1], Saisie[i]);
     }
+    // The password is typed hidden; the eye at the box's end shows it.
+    SaisieSecrete::equiper(Saisie[2]);
 
     ShapeIcone = new QFrame(FondBleu);
     ShapeIcone->setObjectName(QStringLiteral("ShapeIcone"));

@@ -2,6 +2,7 @@
 
 #include "ui/Art.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QToolTip>
@@ -68,6 +69,21 @@ MyCoolGrid::MyCoolGrid(QWidget *parent) : QAbstractScrollArea(parent) {
 }
 
 QString MyCoolGrid::texteSelection(int colonne) const { return texte(LigneCourante, colonne); }
+
+void MyCoolGrid::definirMotsDePasseVisibles(bool visibles) {
+    if (visibles == motsDePasseVisibles_) return;
+    motsDePasseVisibles_ = visibles;
+    viewport()->update();
+}
+
+QStringView MyCoolGrid::texteAffiche(int ligne, int colonne) const {
+    static const QString kPoints(8, QChar(0x2022));
+    const QStringView t = cellules().texte(ligne, colonne);
+    // Eight dots for any password, so that its length does not show either; an empty one stays empty.
+    if (colonne != kColonneMotDePasse || motsDePasseVisibles_ || t.trimmed().isEmpty() || ligne < 2 || IsLigneParent(ligne))
+        return t;
+    return kPoints;
+}
 
 // Rows start inside the frame; those below the headings move up as the grid scrolls.
 int MyCoolGrid::decalageVertical(int ligne) const {
@@ -196,6 +212,15 @@ void MyCoolGrid::keyPressEvent(QKeyEvent *evenement) {
     case Qt::Key_F2:
         emit EditionDemandee();
         return;
+    case Qt::Key_F10:
+        // Shift+F10 opens the row's menu, as the Menu key does.
+        if (evenement->modifiers() == Qt::ShiftModifier) {
+            QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint(), Qt::ShiftModifier);
+            contextMenuEvent(&menu);
+        } else {
+            QAbstractScrollArea::keyPressEvent(evenement);
+        }
+        return;
     case Qt::Key_Delete:
         emit SuppressionDemandee();
         return;
@@ -234,13 +259,13 @@ QString MyCoolGrid::texteCoupe(const QPoint &position) {
     if (c >= kColonnesPeintes) return {};
     // The run of equal texts that paints as one cell, as the painting merges it.
     int debut = c, fin = c;
-    const QStringView texte = g.texte(ligne, c);
+    const QStringView texte = texteAffiche(ligne, c);
     if (g.MergeRow(ligne) && !texte.isEmpty()) {
-        while (debut > 0 && g.texte(ligne, debut - 1) == texte) --debut;
-        while (fin + 1 < kColonnesPeintes && g.texte(ligne, fin + 1) == texte) ++fin;
+        while (debut > 0 && texteAffiche(ligne, debut - 1) == texte) --debut;
+        while (fin + 1 < kColonnesPeintes && texteAffiche(ligne, fin + 1) == texte) ++fin;
     }
     const Cellule &cel = g.cellule(ligne, debut);
-    QString visible = g.texte(ligne, debut).toString();
+    QString visible = texteAffiche(ligne, debut).toString();
     while (visible.endsWith(u' ')) visible.chop(1);
     if (visible.trimmed().isEmpty()) return {};
     int largeur = qMin(bords[fin + 1], viewport()->width()) - bords[debut] - 2 * kMarge;
@@ -275,7 +300,38 @@ void MyCoolGrid::mouseReleaseEvent(QMouseEvent *evenement) {
 
 void MyCoolGrid::mouseDoubleClickEvent(QMouseEvent *evenement) {
     lignePressee_ = -1;
-    if (evenement->button() == Qt::LeftButton) emit DblClick();
+    if (evenement->button() != Qt::LeftButton) return;
+    emit DblClick();
+    const QPoint position = evenement->position().toPoint();
+    const int ligne = ligneSous(position), colonne = colonneSous(position);
+    if (ligne >= 2 && colonne >= 0) emit DoubleClicCellule(ligne, colonne);
+}
+
+int MyCoolGrid::colonneSous(const QPoint &position) const {
+    int bords[kColonnesPeintes + 1];
+    bordsColonnes(bords);
+    for (int c = 0; c < kColonnesPeintes; ++c)
+        if (position.x() >= bords[c] && position.x() < bords[c + 1]) return c;
+    return -1;
+}
+
+void MyCoolGrid::contextMenuEvent(QContextMenuEvent *evenement) {
+    int ligne = LigneCourante;
+    if (evenement->reason() == QContextMenuEvent::Mouse) {
+        // The row under the pointer becomes the selection, as the keyboard moves it: a folder stays as it is.
+        ligne = ligneSous(viewport()->mapFromGlobal(evenement->globalPos()));
+        if (ligne < 2) return;
+        if (ligne != LigneCourante) AllerALigne(ligne);
+        emit MenuDemande(evenement->globalPos());
+        return;
+    }
+    // From the keyboard, under the selected row, or at the top of the rows without one.
+    QPoint point(viewport()->width() / 4, hauteurEntetes());
+    if (ligne >= 2 && cellules().existe(ligne) && cellules().hauteurPixels(ligne) > 0) {
+        rendreVisible(ligne);
+        point.setY(cellules().hautPixels(ligne) + cellules().hauteurPixels(ligne) - verticalScrollBar()->value());
+    }
+    emit MenuDemande(viewport()->mapToGlobal(point));
 }
 
 QPixmap MyCoolGrid::imageTitre(int numero) {
@@ -380,11 +436,11 @@ void MyCoolGrid::peindreLigne(QPainter &p, int ligne, const QRect &rect, const i
     const bool fusion = g.MergeRow(ligne);
     for (int c = 0; c < kColonnesPeintes;) {
         const Cellule &cel = g.cellule(ligne, c);
-        const QStringView texte = g.texte(ligne, c);
+        const QStringView texte = texteAffiche(ligne, c);
         int fin = c;
         // Equal texts side by side show as one cell, with the first cell's look.
         if (fusion && !texte.isEmpty())
-            while (fin + 1 < kColonnesPeintes && g.texte(ligne, fin + 1) == texte) ++fin;
+            while (fin + 1 < kColonnesPeintes && texteAffiche(ligne, fin + 1) == texte) ++fin;
         // Cut at the right edge, so that the last column's text ends in an ellipsis in view.
         const QRect zone = QRect(rect.left() + bords[c], rect.top(), bords[fin + 1] - bords[c], rect.height()).intersected(rect);
         if (!zone.isEmpty()) peindreCellule(p, cel, texte, zone, bandeLigne);

@@ -34,12 +34,23 @@ public:
 
     QSize sizeHint() const override { return {465, 320}; }
 
+    // Passwords are painted as a fixed row of dots, whatever their length, unless shown.
+    static constexpr int kColonneMotDePasse = 5;
+    void definirMotsDePasseVisibles(bool visibles);
+    bool motsDePasseVisibles() const { return motsDePasseVisibles_; }
+    // The text a cell paints: its own, or the dots of a hidden password.
+    QStringView texteAffiche(int ligne, int colonne) const;
+
     // Who opened the icon picker: "A" for the document dialog, empty for the main window.
     QString Tag;
 
 signals:
     void Click();
     void DblClick();
+    // The cell under a double click (a row from 2, a column from 0).
+    void DoubleClicCellule(int ligne, int colonne);
+    // The row's menu, by the right button or from the keyboard, at a point of the screen.
+    void MenuDemande(const QPoint &position);
     // Keys on the selected row: Enter (but on a folder) or F2, and Delete.
     void EditionDemandee();
     void SuppressionDemandee();
@@ -50,6 +61,7 @@ protected:
     void mousePressEvent(QMouseEvent *evenement) override;
     void mouseReleaseEvent(QMouseEvent *evenement) override;
     void mouseDoubleClickEvent(QMouseEvent *evenement) override;
+    void contextMenuEvent(QContextMenuEvent *evenement) override;
     void keyPressEvent(QKeyEvent *evenement) override;
     void focusInEvent(QFocusEvent *evenement) override;
     void focusOutEvent(QFocusEvent *evenement) override;
@@ -65,6 +77,7 @@ protected:
 private:
     void actualiserDefilement();
     int ligneSous(const QPoint &position) const;
+    int colonneSous(const QPoint &position) const;  // -1 beyond the painted columns
     int lignePage(int sens) const;  // a screen further down (+1) or up (-1)
     void bordsColonnes(int *bords) const;
     // The text of the cell under the point when it shows cut, for its tool tip.
@@ -82,6 +95,7 @@ private:
     QPixmap icone(int numero);
 
     bool affichagePrevu_ = false;
+    bool motsDePasseVisibles_ = false;
     int lignePressee_ = -1;
     QHash<int, Police> polices_;  // by size and weight
     QHash<int, QPixmap> imagesTitre_;

@@ -99,7 +99,7 @@ void FrmOptions::creerPageIcones() {
     ValDivers[0]->setToolTip(QStringLiteral("Ajouter une icône à partir d'un fichier (Inser)"));
     ValDivers[1]->setToolTip(QStringLiteral("Remplacer l'image de l'icône sélectionnée"));
     ValDivers[2]->setToolTip(QStringLiteral("Enregistrer la bibliothèque dans la base"));
-    ListeIcones->setToolTip(QStringLiteral("F2 ou un double clic renomme l'icône sélectionnée"));
+    ListeIcones->setToolTip(QStringLiteral("F2, Entrée ou un double clic renomme l'icône sélectionnée"));
 
     // From the keyboard: Insert adds, Delete says why an icon stays (eventFilter).
     ListeIcones->installEventFilter(this);
@@ -134,6 +134,11 @@ bool FrmOptions::MajIcones() {
 bool FrmOptions::eventFilter(QObject *objet, QEvent *evenement) {
     if (objet == ListeIcones && evenement->type() == QEvent::KeyPress) {
         const int touche = static_cast<QKeyEvent *>(evenement)->key();
+        // Enter names the selected icon, as a double click does.
+        if ((touche == Qt::Key_Return || touche == Qt::Key_Enter) && ListeIcones->currentItem()) {
+            ListeIcones->editItem(ListeIcones->currentItem());
+            return true;
+        }
         if (touche == Qt::Key_Insert) {
             ValDivers[0]->click();
             return true;

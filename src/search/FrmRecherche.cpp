@@ -95,6 +95,11 @@ void FrmRecherche::clicValider() {
             auto *ligne = new QListWidgetItem(r.texte, Liste);
             ligne->setData(Qt::UserRole, Recherche::cleResultat(r.ligne));
         }
+        // Said in the list, where the hits would be; the line leads nowhere.
+        if (resultats.isEmpty()) {
+            auto *aucun = new QListWidgetItem(QStringLiteral("Aucun résultat"), Liste);
+            aucun->setFlags(Qt::NoItemFlags);
+        }
     }
     OInterface[0]->relacher();
 }
@@ -113,7 +118,7 @@ bool FrmRecherche::eventFilter(QObject *objet, QEvent *evenement) {
     if (evenement->type() == QEvent::KeyPress) {
         const int touche = static_cast<QKeyEvent *>(evenement)->key();
         // The keyboard's way to the hits and into one: Down from the box, Enter on a hit.
-        if (objet == Saisie && touche == Qt::Key_Down && Liste->count() > 0) {
+        if (objet == Saisie && touche == Qt::Key_Down && Liste->count() > 0 && Liste->item(0)->flags() != Qt::NoItemFlags) {
             Liste->setFocus();
             if (!Liste->currentItem()) Liste->setCurrentRow(0);
             Liste->currentItem()->setSelected(true);

@@ -15,9 +15,12 @@ struct Resultat {
 };
 
 // Folders (dossiers) on their name, or documents on their title; the text is
-// trimmed, and compared without regard to case but with its accents. An empty
-// text finds nothing.
+// trimmed, and compared without regard to case or accents ("impots" finds
+// "Impôts"). An empty text finds nothing.
 QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool dossiers);
+
+// The text as the search compares it: accents dropped, case folded.
+QString replier(QStringView texte);
 
 // The key of a hit in the list: "A", two blanks, the row; and back.
 QString cleResultat(int ligne);

@@ -26,6 +26,8 @@ constexpr Definition kTable[] = {
     {"Couleurs", "CouleurSelection", "14737632"},
     {"Font", "FontName", nullptr},
     {"Font", "FontColor", "0"},
+    {"Settings", "PressePapiers", "20"},
+    {"Affichage", "MotsDePasse", "0"},
 };
 
 QString &dossierChoisi() {

@@ -23,6 +23,8 @@ enum class Cle {
     CouleurSelection,
     FontName,          // Font
     FontColor,
+    PressePapiers,     // Settings: seconds before a copy leaves the clipboard, 0 never
+    MotsDePasse,       // Affichage: passwords shown in the grid (-1) or as dots (0)
 };
 
 struct Definition {

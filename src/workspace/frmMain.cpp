@@ -10,6 +10,7 @@
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/Messages.h"
+#include "ui/PressePapiers.h"
 
 #include <QCalendarWidget>
 #include <QCloseEvent>
@@ -53,16 +54,6 @@ constexpr DefinitionBouton kBoutons[frmMain::kNbBoutons] = {
     {1, 4110, "document-edit-sign", true},            // edit a document
     {1, 5000, "insert-image", true},
 };
-
-// The commands a keyboard reaches without the grid: search, new document and folder,
-// the icon of the selected document, help.
-struct Raccourci {
-    QKeyCombination touches;
-    int bouton;
-};
-constexpr Raccourci kRaccourcis[] = {
-    {Qt::CTRL | Qt::Key_F, 5}, {Qt::CTRL | Qt::Key_N, 11}, {Qt::CTRL | Qt::SHIFT | Qt::Key_N, 10}, {QKeyCombination(Qt::Key_F1), 7},
-    {Qt::CTRL | Qt::Key_I, 16}};
 
 constexpr int kHautBarre = 68;     // 1020 twips
 constexpr int kCoteBouton = 56;
@@ -114,8 +105,15 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     MG->setObjectName(QStringLiteral("MG"));
     Def::definirSelectionGrille(MG);
     connect(MG, &MyCoolGrid::Click, this, [this] { clicGrille(); });
-    connect(MG, &MyCoolGrid::EditionDemandee, this, [this] { declencher(15); });
+    // Enter or F2: the document edited in place, or the folder renamed.
+    connect(MG, &MyCoolGrid::EditionDemandee, this, [this] { executerTouche(QKeyCombination(Qt::Key_F2)); });
     connect(MG, &MyCoolGrid::SuppressionDemandee, this, [this] { supprimerSelection(); });
+    connect(MG, &MyCoolGrid::MenuDemande, this, [this](const QPoint &position) { menuLigne(position); });
+    // The double click is free elsewhere: on a document's URL it opens it.
+    connect(MG, &MyCoolGrid::DoubleClicCellule, this, [this](int ligne, int colonne) {
+        if (colonne == 6 && ligne == MG->LigneCourante && !MG->IsLigneParent(ligne)) ouvrirUrl();
+    });
+    MG->definirMotsDePasseVisibles(Reglages::lireNombre(Reglages::Cle::MotsDePasse) != 0);
     // A press or a key in the grid ends an edit before the selection moves.
     MG->installEventFilter(this);
     MG->viewport()->installEventFilter(this);
@@ -172,8 +170,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     ChargerImageList1();
     Timer1->start();
 
-    for (const Raccourci &r : kRaccourcis)
-        connect(new QShortcut(r.touches, this), &QShortcut::activated, this, [this, i = r.bouton] { declencher(i); });
+    installerCommandes();
     MG->setFocus();
 }
 
@@ -233,6 +230,7 @@ void frmMain::redimensionner() {
     MG->setGeometry(grille);
     WB->setGeometry(grille);
     Heure->setGeometry(EnteteB->width() - kLargeurHeure, 0, kLargeurHeure, EnteteB->height());
+    if (CompteARebours) afficherCompteARebours(PressePapiers::instance().secondesRestantes());
     // The boxes follow the columns; the calendar goes.
     if (Saisie[0]) {
         placerSaisies(SaisieVisible);
@@ -261,9 +259,9 @@ bool frmMain::eventFilter(QObject *objet, QEvent *evenement) {
 void frmMain::keyPressEvent(QKeyEvent *e) {
     // The same keys, when they come to the window without its shortcuts being live
     // (a window the desktop has not made active again after a message).
-    for (const Raccourci &r : kRaccourcis)
-        if (e->keyCombination() == r.touches) {
-            declencher(r.bouton);
+    for (const Commande &c : commandes())
+        if (e->keyCombination() == c.touches) {
+            executerTouche(c.touches);
             return;
         }
     FenetreCadre::keyPressEvent(e);

@@ -5,8 +5,10 @@
 #include "ui/FenetreCadre.h"
 
 #include <array>
+#include <QKeyCombination>
 #include <QPointer>
 #include <functional>
+#include <span>
 
 class FrmAjoutDoc;
 class FrmOptions;
@@ -18,6 +20,7 @@ class QTextBrowser;
 class QTimer;
 class QLineEdit;
 class QDate;
+class QPushButton;
 
 class frmMain : public FenetreCadre {
     Q_OBJECT
@@ -75,6 +78,25 @@ public:
     int nombreDossiers() const { return NbDossiers; }
     QString legendeEntete() const { return legendeEntete_; }  // caption of the top strip, as composed
 
+    // The window's commands, in one table: the row's menu lists those marked for it that
+    // suit the selection, and each key runs the first command of that key that suits it
+    // (or tells what to select). A command runs its button, or its own action.
+    enum class Besoin { Rien, Ligne, Dossier, Document };
+    struct Commande {
+        const char *legende;
+        QKeyCombination touches;
+        Besoin besoin;
+        int bouton;                  // button of the bars, or -1
+        void (frmMain::*action)();   // when there is no button
+        bool dansMenu;               // listed in the row's menu
+        int groupe;                  // the menu draws a line between groups
+    };
+    static std::span<const Commande> commandes();
+    static QString texteTouches(QKeyCombination touches);  // as the desktop writes it ("Ctrl+Maj+N")
+    // Runs the key as the window's shortcut does.
+    void executerTouche(QKeyCombination touches);
+    QPushButton *CompteARebours = nullptr;  // the clipboard's countdown, in the band
+
     // Tests drive the modal dialogs: this runs on each one once it is ready, before it waits.
     void definirPreparationDialogue(std::function<void(QWidget *)> preparation) { preparationDialogue_ = std::move(preparation); }
 
@@ -96,6 +118,21 @@ private:
     // A command from the keyboard: as a click on its button, or why it can't run.
     void declencher(int index);
     void supprimerSelection();
+    // The commands of the table that have no button.
+    void copierMotDePasse();
+    void copierLogin();
+    void copierUrl();
+    void ouvrirUrl();
+    void basculerMotsDePasse();
+    void quitter();
+    void copierChamp(int colonne, bool secret, const QString &copie, const QString &vide);
+    void annoncer(const QString &texte);  // in the band, for a few seconds
+    void installerCommandes();
+    void lancer(const Commande &c);
+    Besoin selectionActuelle() const;
+    static bool convient(Besoin besoin, Besoin selection);
+    void menuLigne(const QPoint &position);
+    void afficherCompteARebours(int secondes);
     // What the command needs selected first, as told to the user; empty when the selection suits.
     QString selectionManquante(int index) const;
     // After a reload, the selection goes back to the same folder or document by its

@@ -9,6 +9,7 @@
 #include "ui/Calendriers.h"
 #include "ui/LimiteSaisie.h"
 #include "ui/Messages.h"
+#include "ui/SaisieSecrete.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -45,6 +46,7 @@ void frmMain::creerSaisies() {
         LimiteSaisie::limiter(s, Def::kLongueurChamp / 3);
         Saisie[i] = s;
     }
+    SaisieSecrete::equiper(Saisie[MyCoolGrid::kColonneMotDePasse]);
     for (int i : {kDateDebut, kDateFin}) Saisie[i]->setPlaceholderText(QStringLiteral("jj/mm/aaaa"));
     connect(Calendrier, &QCalendarWidget::clicked, this, [this](QDate jour) { choisirDate(jour); });
     connect(Calendrier, &QCalendarWidget::activated, this, [this](QDate jour) { choisirDate(jour); });
@@ -63,6 +65,8 @@ void frmMain::RendreSaisieVisible(bool visible, int init, int rang) {
         Saisie[i]->setCursorPosition(0);
         masquageSaisie_ = false;
     }
+    // The password box shows what the grid shows; its eye shows it for this edit.
+    SaisieSecrete::montrer(Saisie[MyCoolGrid::kColonneMotDePasse], MG->motsDePasseVisibles());
     placerSaisies(visible);
     MG->Redraw(true);
 }

@@ -15,15 +15,28 @@
 #include "ui/Chaines.h"
 #include "workspace/frmMain.h"
 
+#include "ui/ChoixFichier.h"
+#include "ui/PressePapiers.h"
+#include "ui/SaisieSecrete.h"
+#include "workspace/FrmPop.h"
+
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
 #include <QScreen>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QTranslator>
 #include <memory>
 
 class TestFrmMain : public QObject {
@@ -50,6 +63,78 @@ class TestFrmMain : public QObject {
         }
         return l;
     }
+
+    // The first row whose column 3 reads texte.
+    static int ligne(frmMain *f, const QString &texte) {
+        for (int i = 2; i < f->MG->NbLignes; ++i)
+            if (f->MG->GetColumnInfos(i, 3).trimmed() == texte) return i;
+        return -1;
+    }
+    frmMain *ouvrirActive() {
+        frmMain *f = ouvrir();
+        f->activateWindow();
+        [[maybe_unused]] const bool actif = QTest::qWaitForWindowActive(f);
+        return f;
+    }
+    // The password cell of a row as painted.
+    static QImage celluleMotDePasse(frmMain *f, int l) {
+        int x = 0, w = 0, y = 0, h = 0;
+        for (int c = 0; c < 5; ++c) x += f->MG->cellules().largeurPixels(c);
+        f->MG->GetColumnInfos(l, 5, w, y, h);
+        return f->MG->viewport()->grab(QRect(x, y - f->MG->viewport()->y(), w, h)).toImage();
+    }
+    static QStringList messagesPressePapiers;  // Qt's word that data went to a clipboard mode the platform lacks
+
+    QStringList urls;
+    // What a gesture did, in words: the windows and menus it opened (closed at once),
+    // its messages and file dialogs, what it copied or opened, what it left on screen.
+    // choix, when given, acts in a menu that the gesture opens.
+    QStringList trace(frmMain *&f, const std::function<void()> &geste, const std::function<void(QMenu *)> &choix = {}) {
+        QStringList t;
+        f->definirPreparationDialogue([&t](QWidget *d) {
+            t << QString::fromLatin1(d->metaObject()->className());
+            QTimer::singleShot(0, d, &QWidget::close);
+        });
+        QTimer veille;
+        bool choisi = false;
+        connect(&veille, &QTimer::timeout, [&] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            if (!menu) return;
+            if (choix && !choisi) {
+                choisi = true;
+                choix(menu);
+            } else {
+                t << QStringLiteral("menu");
+            }
+            if (menu->isVisible()) menu->hide();
+        });
+        veille.start(30);
+        geste();
+        QTest::qWait(80);
+        veille.stop();
+        t << Messages::affiches() << ChoixFichier::filtresDemandes() << urls;
+        urls.clear();
+        if (const QString copie = QGuiApplication::clipboard()->text(); !copie.isEmpty()) t << QStringLiteral("copié ") + copie;
+        QGuiApplication::clipboard()->clear();
+        Reglages::ecrire(Reglages::Cle::MotsDePasse, 0);
+        if (Navigation::fenetrePrincipale() != f) {
+            t << QStringLiteral("connexion %1").arg(Session::ModeLogin.value_or(-1));
+            f = ouvrirActive();
+            return t;
+        }
+        f->definirPreparationDialogue(nullptr);
+        if (f->WB->isVisible()) t << QStringLiteral("aide");
+        if (f->SaisieVisible) t << QStringLiteral("édition");
+        if (f->MG->motsDePasseVisibles()) t << QStringLiteral("mots de passe affichés");
+        f->WB->hide();
+        f->fermerSaisie();
+        f->MG->definirMotsDePasseVisibles(false);
+        for (BoutonImage *b : f->Boutons) b->relacher();
+        return t;
+    }
+
+public slots:
+    void urlOuverte(const QUrl &url) { urls << url.toString(); }
 
 private slots:
     void init() {
@@ -177,20 +262,23 @@ private slots:
     void lEnteteLesBoutonsEtLHorloge() {
         frmMain *f = ouvrir(1, QStringLiteral(" Alice"));
         QCOMPARE(f->legendeEntete(), QString(45, u' ') + QStringLiteral(" Le gestionnaire des mots de passe    (Compte actuel :  Alice)"));
-        QCOMPARE(f->Im_Commande[0]->toolTip(), QStringLiteral("Fermer"));
+        QCOMPARE(f->Im_Commande[0]->toolTip(), QStringLiteral("Fermer (Ctrl+Q)"));
         QCOMPARE(f->Im_Commande[1]->toolTip(), QStringLiteral("Réduire"));
         QCOMPARE(f->Im_Commande[2]->toolTip(), QString());
+        // Each button's tip ends with its key.
         for (int i = 0; i < frmMain::kNbBoutons; ++i) {
-            QCOMPARE(f->Boutons[i]->toolTip(), Chaine(924 + i));
+            QVERIFY(f->Boutons[i]->toolTip().startsWith(Chaine(924 + i)));
+            QVERIFY2(i == 3 || f->Boutons[i]->toolTip().endsWith(u')'), qPrintable(f->Boutons[i]->toolTip()));
             QCOMPARE(f->Boutons[i]->isEnabled(), true);
         }
+        QCOMPARE(f->Boutons[5]->toolTip(), QStringLiteral("Rechercher (Ctrl+F)"));
         QVERIFY(!f->Boutons[3]->isVisible());
         QVERIFY(f->Boutons[16]->isVisible());
         // Hover tells what the button does; leaving gives the band back.
         f->InfoEntete = QStringLiteral("  Dossier :  Banques");
         QEnterEvent entree(QPointF(5, 5), QPointF(5, 5), f->Boutons[5]->mapToGlobal(QPointF(5, 5)));
         QCoreApplication::sendEvent(f->Boutons[5], &entree);
-        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Rechercher"));
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Rechercher (Ctrl+F)"));
         QEvent sortie(QEvent::Leave);
         QCoreApplication::sendEvent(f->Boutons[5], &sortie);
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
@@ -361,6 +449,127 @@ private slots:
         QVERIFY(!f->Boutons[8]->estEnfonce());
     }
 
+    // Every command of the table by its key, and the same through its button and the row's menu.
+    void chaqueCommandeParSaToucheSonBoutonEtLeMenu() {
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+            "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+            "INSERT INTO Dossiers VALUES (1, 11, 'Vide');"
+            "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'Tr3s-secret', 'banque.fr', NULL, NULL, NULL, NULL, 0);"));
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "urlOuverte");
+        frmMain *f = ouvrirActive();
+        for (const frmMain::Commande &c : frmMain::commandes()) {
+            const QString nom = QString::fromUtf8(c.legende);
+            // A command on a folder gets the empty one; every other the document.
+            auto choisir = [&] {
+                f->MG->SelectLine(ligne(f, c.besoin == frmMain::Besoin::Dossier ? QStringLiteral("Vide") : QStringLiteral("Banque")));
+                f->MG->setFocus();
+            };
+            choisir();
+            const QStringList parTouche = trace(f, [&] { QTest::keyClick(f->MG, c.touches.key(), c.touches.keyboardModifiers()); });
+            QVERIFY2(!parTouche.isEmpty(), qPrintable(nom));
+            if (c.bouton >= 0) {
+                choisir();
+                QCOMPARE(trace(f, [&] { QTest::mouseClick(f->Boutons[c.bouton], Qt::LeftButton); }), parTouche);
+            }
+            if (c.dansMenu) {
+                choisir();
+                QString touches;
+                const QStringList parMenu = trace(f, [&] { QTest::keyClick(f->MG, Qt::Key_F10, Qt::ShiftModifier); }, [&](QMenu *menu) {
+                    for (QAction *a : menu->actions())
+                        if (a->text() == nom) {
+                            touches = a->shortcut().toString();
+                            menu->setActiveAction(a);
+                            QTest::keyClick(menu, Qt::Key_Return);
+                            return;
+                        }
+                });
+                QCOMPARE(parMenu, parTouche);
+                QCOMPARE(touches, QKeySequence(c.touches).toString());
+            }
+        }
+        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+    }
+
+    void lesMotsDePasseEnPointsSeCopientSansEtreVus() {
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
+            "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+            "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'a', 'www.banque.fr', NULL, NULL, NULL, NULL, 0);"));
+        const QStringList stockes = sql(QStringLiteral("SELECT MotDePasse FROM Documents"));
+        frmMain *f = ouvrirActive();
+        const int l = ligne(f, QStringLiteral("Banque"));
+        f->MG->SelectLine(l);
+        f->MG->setFocus();
+        // The same dots whatever the password's length, until the passwords are shown.
+        const QImage court = celluleMotDePasse(f, l);
+        f->MG->MajColumnInfos(l, 5, QStringLiteral("un mot de passe bien plus long"));
+        QCOMPARE(celluleMotDePasse(f, l), court);
+        QTest::keyClick(f->MG, Qt::Key_H, Qt::ControlModifier);
+        QVERIFY(celluleMotDePasse(f, l) != court);
+        QCOMPARE(Reglages::lireNombre(Reglages::Cle::MotsDePasse), -1);
+        QTest::keyClick(f->MG, Qt::Key_H, Qt::ControlModifier);
+        QCOMPARE(celluleMotDePasse(f, l), court);
+        f->MG->MajColumnInfos(l, 5, QStringLiteral("a"));
+
+        // The password column hidden, Ctrl+C still copies it, with the hint and to the clipboard alone.
+        Reglages::ecrireColonneVisible(2, false);
+        f = ouvrirActive();
+        f->MG->SelectLine(ligne(f, QStringLiteral("Banque")));
+        f->MG->setFocus();
+        messagesPressePapiers.clear();
+        const QtMessageHandler avant = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &m) {
+            if (m.contains(QStringLiteral("clipboard"))) messagesPressePapiers << m;
+        });
+        QTest::keyClick(f->MG, Qt::Key_C, Qt::ControlModifier);
+        qInstallMessageHandler(avant);
+        const QMimeData *d = QGuiApplication::clipboard()->mimeData();
+        QCOMPARE(d->text(), QStringLiteral("a"));
+        QCOMPARE(d->data(QString::fromLatin1(PressePapiers::kTypeIndice)), QByteArrayLiteral("secret"));
+        QCOMPARE(messagesPressePapiers, QStringList());
+        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Mot de passe de « Banque » copié"));
+        QVERIFY(f->CompteARebours->isVisible());
+        QCOMPARE(f->CompteARebours->text(), QStringLiteral("Presse-papiers effacé dans 20 s"));
+        // A click on the countdown clears at once.
+        QTest::mouseClick(f->CompteARebours, Qt::LeftButton);
+        QCOMPARE(QGuiApplication::clipboard()->text(), QString());
+        QVERIFY(!f->CompteARebours->isVisible());
+
+        // In a text box Ctrl+C copies its text; the password box hides, and its eye is its own.
+        QTest::keyClick(f->MG, Qt::Key_F2);
+        QLineEdit *login = f->Saisie[4], *pass = f->Saisie[5];
+        QCOMPARE(pass->echoMode(), QLineEdit::Password);
+        login->setFocus();
+        login->selectAll();
+        QTest::keyClick(login, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("moi"));
+        QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasFormat(QString::fromLatin1(PressePapiers::kTypeIndice)));
+        pass->setFocus();
+        QTest::keyClick(pass, Qt::Key_H, Qt::ControlModifier);
+        QCOMPARE(pass->echoMode(), QLineEdit::Normal);
+        QVERIFY(!f->MG->motsDePasseVisibles());
+        f->fermerSaisie();
+
+        // The URL opens in the browser, with https:// before an address that had no scheme.
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "urlOuverte");
+        QTest::keyClick(f->MG, Qt::Key_U, Qt::ControlModifier);
+        QCOMPARE(urls, QStringList{QStringLiteral("https://www.banque.fr")});
+        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+        QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents")), stockes);
+    }
+
+    // The help page lists every key of the table, as the desktop writes it in French.
+    void laPageDAideDonneChaqueTouche() {
+        QTranslator traduction;
+        QVERIFY(traduction.load(QLocale(QLocale::French), QStringLiteral("qtbase"), QStringLiteral("_"),
+                                QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+        QCoreApplication::installTranslator(&traduction);
+        QFile page(QCoreApplication::applicationDirPath() + QStringLiteral("/Aide/clavier.htm"));
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        const QString texte = QString::fromUtf8(page.readAll());
+        for (const frmMain::Commande &c : frmMain::commandes())
+            QVERIFY2(texte.contains(QStringLiteral("<kbd>%1</kbd>").arg(frmMain::texteTouches(c.touches).toHtmlEscaped())), c.legende);
+        QCoreApplication::removeTranslator(&traduction);
+    }
+
     void lAssociationSeFaitAuPremierDemarrageSeulement() {
         const QString entree = QDir(qEnvironmentVariable("XDG_DATA_HOME")).filePath(QStringLiteral("applications/korvane.desktop"));
         QCOMPARE(Reglages::lireNombre(Reglages::Cle::Demarrage), 0);
@@ -373,6 +582,8 @@ private slots:
         QVERIFY(!QFile::exists(entree));
     }
 };
+
+QStringList TestFrmMain::messagesPressePapiers;
 
 QTEST_MAIN(TestFrmMain)
 #include "tst_frmmain.moc"
