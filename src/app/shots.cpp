@@ -32,6 +32,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QTimer>
+#include <functional>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTemporaryDir>
@@ -118,15 +119,14 @@ int main(int argc, char *argv[]) {
     principale->RendreSaisieVisible(false, 1, 0);
     principale->RendreSaisieVisibleCalendrier(false);
 
-    // The icon picker open over the main window, an item under the pointer: the stock
-    // library, a library of 120 icons, and an empty one.
-    auto photographierIcones = [&](const QString &nom) {
-        QTimer::singleShot(200, [&, nom] {
+    // A menu open over the main window, an item under the pointer: the window and the
+    // menu as the screen shows them, the menu wherever it opened.
+    auto avecMenu = [&](const QString &nom, int actif, const std::function<void()> &ouvrir) {
+        QTimer::singleShot(200, [&, nom, actif] {
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
             if (!menu) return;
-            menu->setActiveAction(menu->actions().value(3));
+            menu->setActiveAction(menu->actions().value(actif));
             QApplication::processEvents();
-            // The window and the menu as the screen shows them, the menu wherever it opened.
             const QRect fenetre = principale->frameGeometry();
             const QRect tout = fenetre.united(menu->geometry());
             QImage ecran(tout.size(), QImage::Format_RGB32);
@@ -140,8 +140,23 @@ int main(int argc, char *argv[]) {
             std::printf("wrote %s\n", qPrintable(chemin));
             menu->hide();
         });
-        principale->Boutons[16]->enfoncer();
-        emit principale->Boutons[16]->clicked();
+        ouvrir();
+    };
+    // The row's menu, from the keyboard; then the passwords shown.
+    avecMenu(QStringLiteral("main_menu_ligne"), 0, [&] {
+        principale->MG->setFocus();
+        QKeyEvent menu(QEvent::KeyPress, Qt::Key_F10, Qt::ShiftModifier);
+        QApplication::sendEvent(principale->MG, &menu);
+    });
+    principale->executerTouche(Qt::CTRL | Qt::Key_H);
+    ok &= enregistrer(principale, sortie, QStringLiteral("main_mots_de_passe"));
+    principale->executerTouche(Qt::CTRL | Qt::Key_H);
+    // The icon picker: the stock library, a library of 120 icons, and an empty one.
+    auto photographierIcones = [&](const QString &nom) {
+        avecMenu(nom, 3, [&] {
+            principale->Boutons[16]->enfoncer();
+            emit principale->Boutons[16]->clicked();
+        });
     };
     photographierIcones(QStringLiteral("main_icones"));
     {

@@ -90,6 +90,7 @@ public:
         void (frmMain::*action)();   // when there is no button
         bool dansMenu;               // listed in the row's menu
         int groupe;                  // the menu draws a line between groups
+        const char *icone = nullptr; // its picture in the menu, from the theme's action set
     };
     static std::span<const Commande> commandes();
     static QString texteTouches(QKeyCombination touches);  // as the desktop writes it ("Ctrl+Maj+N")

@@ -24,24 +24,24 @@ namespace {
 constexpr int kColonneTitre = 3;
 constexpr int kColonneLogin = 4;
 constexpr int kColonneUrl = 6;
-constexpr int kLargeurCompte = 230;
+constexpr int kLargeurCompte = 240;  // the countdown, a gap before the clock included
 constexpr int kDureeAnnonce = 4000;  // ms
 }  // namespace
 
 std::span<const frmMain::Commande> frmMain::commandes() {
     using B = Besoin;
     static const Commande kCommandes[] = {
-        {"Copier le mot de passe", Qt::CTRL | Qt::Key_C, B::Document, -1, &frmMain::copierMotDePasse, true, 0},
-        {"Copier le login", Qt::CTRL | Qt::Key_B, B::Document, -1, &frmMain::copierLogin, true, 0},
-        {"Copier l'URL", Qt::CTRL | Qt::SHIFT | Qt::Key_U, B::Document, -1, &frmMain::copierUrl, true, 0},
-        {"Ouvrir l'URL", Qt::CTRL | Qt::Key_U, B::Document, -1, &frmMain::ouvrirUrl, true, 0},
-        {"Modifier dans la grille", QKeyCombination(Qt::Key_F2), B::Document, 15, nullptr, true, 1},
-        {"Modifier l'icône", Qt::CTRL | Qt::Key_I, B::Document, 16, nullptr, true, 1},
-        {"Renommer le dossier", QKeyCombination(Qt::Key_F2), B::Dossier, 14, nullptr, true, 1},
-        {"Nouveau document", Qt::CTRL | Qt::Key_N, B::Ligne, 11, nullptr, true, 2},
-        {"Nouveau dossier", Qt::CTRL | Qt::SHIFT | Qt::Key_N, B::Rien, 10, nullptr, true, 2},
-        {"Supprimer le document", QKeyCombination(Qt::Key_Delete), B::Document, 13, nullptr, true, 3},
-        {"Supprimer le dossier", QKeyCombination(Qt::Key_Delete), B::Dossier, 12, nullptr, true, 3},
+        {"Copier le mot de passe", Qt::CTRL | Qt::Key_C, B::Document, -1, &frmMain::copierMotDePasse, true, 0, "edit-copy"},
+        {"Copier le login", Qt::CTRL | Qt::Key_B, B::Document, -1, &frmMain::copierLogin, true, 0, "edit-copy"},
+        {"Copier l'URL", Qt::CTRL | Qt::SHIFT | Qt::Key_U, B::Document, -1, &frmMain::copierUrl, true, 0, "edit-copy"},
+        {"Ouvrir l'URL", Qt::CTRL | Qt::Key_U, B::Document, -1, &frmMain::ouvrirUrl, true, 0, "globe"},
+        {"Modifier dans la grille", QKeyCombination(Qt::Key_F2), B::Document, 15, nullptr, true, 1, "document-edit-sign"},
+        {"Modifier l'icône", Qt::CTRL | Qt::Key_I, B::Document, 16, nullptr, true, 1, "insert-image"},
+        {"Renommer le dossier", QKeyCombination(Qt::Key_F2), B::Dossier, 14, nullptr, true, 1, "group-edit"},
+        {"Nouveau document", Qt::CTRL | Qt::Key_N, B::Ligne, 11, nullptr, true, 2, "document-new"},
+        {"Nouveau dossier", Qt::CTRL | Qt::SHIFT | Qt::Key_N, B::Rien, 10, nullptr, true, 2, "folder-new"},
+        {"Supprimer le document", QKeyCombination(Qt::Key_Delete), B::Document, 13, nullptr, true, 3, "edit-delete"},
+        {"Supprimer le dossier", QKeyCombination(Qt::Key_Delete), B::Dossier, 12, nullptr, true, 3, "group-delete"},
         {"Afficher ou masquer les mots de passe", Qt::CTRL | Qt::Key_H, B::Rien, -1, &frmMain::basculerMotsDePasse, false, 4},
         {"Rechercher", Qt::CTRL | Qt::Key_F, B::Rien, 5, nullptr, false, 4},
         {"Options", Qt::CTRL | Qt::Key_Comma, B::Rien, 6, nullptr, false, 4},
@@ -75,7 +75,7 @@ void frmMain::installerCommandes() {
     CompteARebours->setFocusPolicy(Qt::NoFocus);
     CompteARebours->setCursor(Qt::PointingHandCursor);
     CompteARebours->setToolTip(QStringLiteral("Cliquez pour effacer le presse-papiers maintenant"));
-    CompteARebours->setStyleSheet(QStringLiteral("QPushButton { color: #ffd978; background: transparent; border: none; text-align: right; }"
+    CompteARebours->setStyleSheet(QStringLiteral("QPushButton { color: #ffd978; background: transparent; border: none; text-align: right; padding-right: 12px; }"
                                                  "QPushButton:hover { text-decoration: underline; }"));
     CompteARebours->hide();
     connect(CompteARebours, &QPushButton::clicked, this, [] { PressePapiers::instance().effacerSiIntact(); });
@@ -143,6 +143,7 @@ void frmMain::menuLigne(const QPoint &position) {
         if (groupe >= 0 && c.groupe != groupe) menu.addSeparator();
         groupe = c.groupe;
         QAction *a = menu.addAction(QString::fromUtf8(c.legende));
+        if (c.icone) a->setIcon(QIcon(Art::iconeTheme(QString::fromLatin1(c.icone), 16)));
         a->setShortcut(QKeySequence(c.touches));
         a->setShortcutVisibleInContextMenu(true);
         a->setData(int(&c - commandes().data()));
