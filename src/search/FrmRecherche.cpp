@@ -65,7 +65,8 @@ FrmRecherche::FrmRecherche(frmMain *principale) : FenetreDialogue(principale) {
     Liste->setUniformItemSizes(true);
     Liste->setStyleSheet(QStringLiteral("QListWidget { background: #ffffff; border: 1px solid #8c98b0; }"
                                         "QListWidget::item { padding: 3px 2px; color: #1f2a44; }"
-                                        "QListWidget::item:selected { padding: 3px 2px; background: #2e3f66; color: #ffffff; }"));
+                                        "QListWidget::item:selected { padding: 3px 2px; background: #2e3f66; color: #ffffff; }"
+                                        "QListWidget::item:disabled { color: #7a8499; font-style: italic; }"));
     Liste->installEventFilter(this);
     connect(Liste, &QListWidget::itemDoubleClicked, this, [this] { choisirResultat(); });
 

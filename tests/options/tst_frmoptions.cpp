@@ -210,9 +210,9 @@ private slots:
             QListWidget *liste = o->ListeIcones;
             QCOMPARE(liste->item(6)->text(), QStringLiteral("Coffre-fort"));
             QSignalSpy changements(o, &FrmOptions::IconesModifiees);
-            // Icon 2 renamed in place (F2 then Enter), icon 3 given another picture.
+            // Icon 2 renamed in place (Enter, as F2 or a double click, then Enter), icon 3 given another picture.
             liste->setCurrentRow(1);
-            QTest::keyClick(liste, Qt::Key_F2);
+            QTest::keyClick(liste, Qt::Key_Return);
             QLineEdit *editeur = liste->findChild<QLineEdit *>();
             QTest::keyClicks(editeur, QStringLiteral("Programmes"));
             QTest::keyClick(editeur, Qt::Key_Return);
