@@ -4,7 +4,7 @@
 
 #include <QStringMatcher>
 #include <QVarLengthArray>
-#include <array>
+#include <algorithm>
 
 namespace Recherche {
 
@@ -15,39 +15,42 @@ constexpr int kColonneTitre = 3;
 
 // A character as the search compares it: the first character of its canonical
 // decomposition, in its folded case; 0 for a combining mark, which decomposed text
-// writes after its letter. Worked out from Unicode's tables once a character.
-char16_t replier(char16_t c) {
-    static constexpr char16_t kInconnu = 0xFFFF;
-    static std::array<char16_t, 0x10000> table = [] {
-        std::array<char16_t, 0x10000> t;
-        t.fill(kInconnu);
-        return t;
-    }();
-    char16_t &r = table[c];
-    if (r != kInconnu) return r;
+// writes after its letter. Worked out from Unicode's tables once a character, and
+// kept with a mark of being known (0 is a character not met yet).
+constexpr quint32 kConnu = 0x10000;
+quint32 replis[0x10000];
+
+quint32 calculer(char16_t c) {
     QChar q(c);
-    if (q.isSurrogate()) return r = c;
-    if (q.category() == QChar::Mark_NonSpacing) return r = 0;
+    if (q.isSurrogate()) return replis[c] = kConnu | c;
+    if (q.category() == QChar::Mark_NonSpacing) return replis[c] = kConnu;
     while (q.decompositionTag() == QChar::Canonical) {
         const QString d = q.decomposition();
         if (d.isEmpty() || d.at(0) == q) break;
         q = d.at(0);
     }
-    return r = q.toCaseFolded().unicode();
+    return replis[c] = kConnu | q.toCaseFolded().unicode();
 }
 
 // Into sortie, which holds texte.size() characters; returns how many were written.
-// ASCII, most of what is typed, takes the short way.
 qsizetype replier(QStringView texte, char16_t *sortie) {
     char16_t *o = sortie;
     for (const QChar q : texte) {
         const char16_t c = q.unicode();
-        if (c < 0x80)
-            *o++ = c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c;
-        else if (const char16_t r = replier(c))
-            *o++ = r;
+        quint32 r = replis[c];
+        if (!r) r = calculer(c);
+        *o = char16_t(r);
+        o += char16_t(r) != 0;
     }
     return o - sortie;
+}
+
+// Below U+00C0 a character has no accent to drop: case alone differs, as a plain
+// case-blind comparison sees it.
+bool sansAccent(QStringView texte) {
+    char16_t plus = 0;
+    for (const QChar q : texte) plus = qMax(plus, q.unicode());
+    return plus < 0xC0;
 }
 }  // namespace
 
@@ -64,6 +67,10 @@ QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool 
     const grille::Grille &g = grille.cellules();
     const int colonne = dossiers ? kColonneNomDossier : kColonneTitre;
     const QStringMatcher motif(cherche, Qt::CaseSensitive);
+    // Most titles have no accent: when the text sought is plain ASCII they are
+    // compared as they stand, case-blind; the others once folded.
+    const QStringMatcher motifBrut(cherche, Qt::CaseInsensitive);
+    const bool chercheAscii = std::all_of(cherche.cbegin(), cherche.cend(), [](QChar c) { return c.unicode() < 0x80; });
     QVarLengthArray<char16_t, 256> replie;
     // The cells are read where they lie, never copied: one comparison a row.
     const int fin = qMin(grille.NbLignes, g.Rows());
@@ -71,9 +78,14 @@ QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool 
         const bool dossier = g.texte(ligne, kColonneType) == u'P';
         if (dossier != dossiers) continue;
         const QStringView cellule = g.texte(ligne, colonne);
-        replie.resize(cellule.size());
-        if (motif.indexIn(QStringView(replie.data(), replier(cellule, replie.data()))) >= 0)
-            resultats.append({ligne, cellule.toString()});
+        bool trouve = false;
+        if (chercheAscii && sansAccent(cellule)) {
+            trouve = motifBrut.indexIn(cellule) >= 0;
+        } else {
+            replie.resize(cellule.size());
+            trouve = motif.indexIn(QStringView(replie.data(), replier(cellule, replie.data()))) >= 0;
+        }
+        if (trouve) resultats.append({ligne, cellule.toString()});
     }
     return resultats;
 }
