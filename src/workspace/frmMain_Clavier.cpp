@@ -13,6 +13,7 @@
 #include "workspace/AdresseWeb.h"
 
 #include <QDesktopServices>
+#include <QIcon>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMenu>
