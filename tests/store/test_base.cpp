@@ -3,10 +3,13 @@
 #include "store/CopieBase.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
+#include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QProcess>
 #include <QStandardPaths>
@@ -137,21 +140,108 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     EXPECT_FALSE(QFile::exists(env.chemin("disparue.kvx")));
 }
 
-TEST_F(Store, LaBaseSesCopiesEtLesReglagesSontAuSeulUtilisateur) {
+TEST_F(Store, LesDroitsSeResserrentSansJamaisSElargir) {
     const QString base = Chemins::cheminBase();
     EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    const mode_t umaskAvant = ::umask(0);
     CopieBase::copier(env.chemin("copie.kvx"));
     EXPECT_EQ(EnvironnementTest::mode(env.chemin("copie.kvx")), 0600);
+    EcrireFichier(Chemins::fichierIcoTmp(), "icone");
+    EXPECT_EQ(EnvironnementTest::mode(Chemins::fichierIcoTmp()), 0600);
+    // The settings, and the folders made for them, are the user's from their making on.
+    Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
+    ::umask(umaskAvant);
+    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(QFileInfo(Reglages::cheminFichier()).absolutePath()), 0700);
+    EXPECT_EQ(EnvironnementTest::mode(env.chemin("config")), 0700);
     ::chmod(QFile::encodeName(env.chemin("copie.kvx")).constData(), 0644);
     CopieBase::remplacer(env.chemin("copie.kvx"));
     EXPECT_EQ(EnvironnementTest::mode(base), 0600);
     EXPECT_EQ(EnvironnementTest::mode(CopieBase::cheminSauvegarde()), 0600);
-    // A base left readable by others is narrowed at the next start.
-    ::chmod(QFile::encodeName(base).constData(), 0644);
+    // What others may read is narrowed at the next start, the owner's own bits kept:
+    // a base its owner made read-only stays so, and nothing is written to it.
+    ::chmod(QFile::encodeName(base).constData(), 0444);
+    ::chmod(QFile::encodeName(CopieBase::cheminSauvegarde()).constData(), 0644);
     Base::preparerBase();
-    EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(base), 0400);
+    EXPECT_EQ(EnvironnementTest::mode(CopieBase::cheminSauvegarde()), 0600);
+    const QByteArray avant = contenu(base);
+    try {
+        Comptes::creer(2, "bob", "x");
+        ADD_FAILURE() << "write to a read-only base succeeded";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains("lecture seule")) << e.message().toStdString();
+    }
+    EXPECT_EQ(contenu(base), avant);
+    // A settings file that is a folder is not Korvane's to change.
+    QFile::remove(Reglages::cheminFichier());
+    ASSERT_TRUE(QDir().mkdir(Reglages::cheminFichier()));
+    ::chmod(QFile::encodeName(Reglages::cheminFichier()).constData(), 0755);
     Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
-    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0755);
+}
+
+TEST_F(Store, SeuleUneBaseSaineRemplaceLaBaseEtUneBaseEndommageeNEstQueLue) {
+    Comptes::creer(1, "alice", "a");
+    BaseExemple::remplir(1, 5, 300);
+    // Damage inside a page well past the first: the schema reads, the content does not.
+    const QString abimee = env.chemin("abimee.kvx");
+    CopieBase::copierEntier(Chemins::cheminBase(), abimee);
+    {
+        QFile f(abimee);
+        ASSERT_TRUE(f.open(QIODevice::ReadWrite) && f.size() > 40 * 1024);
+        f.seek(f.size() / 2 + 100);
+        f.write(QByteArray(16, 'X'));
+    }
+    QString raison;
+    EXPECT_FALSE(Base::estBaseKorvane(abimee, &raison));
+    EXPECT_TRUE(raison.contains("endommagée")) << raison.toStdString();
+    const QByteArray base = contenu(Chemins::cheminBase());
+    CopieBase::copierEntier(Chemins::cheminBase(), CopieBase::cheminSauvegarde());
+    BaseSql::executer(CopieBase::cheminSauvegarde(), "UPDATE Compte SET Login='sauvegarde'");
+    const QByteArray sauvegarde = contenu(CopieBase::cheminSauvegarde());
+    EXPECT_THROW(CopieBase::remplacer(abimee), Base::ErreurBase);
+    EXPECT_EQ(contenu(Chemins::cheminBase()), base);
+    EXPECT_EQ(contenu(CopieBase::cheminSauvegarde()), sauvegarde);
+
+    // Found so at start: read, never written, and the notice names the copy to take.
+    QFile::remove(Chemins::cheminBase());
+    QFile::copy(abimee, Chemins::cheminBase());
+    const QByteArray abimeeAvant = contenu(Chemins::cheminBase());
+    const QString avis = Base::preparerBase();
+    EXPECT_TRUE(avis.contains("lecture seule") && avis.contains(CopieBase::cheminSauvegarde())) << avis.toStdString();
+    EXPECT_TRUE(Base::estEndommagee());
+    EXPECT_EQ(Comptes::chercher("alice").value_or(Comptes::Compte{}).num, 1);
+    try {
+        Comptes::creer(2, "bob", "x");
+        ADD_FAILURE() << "write to a damaged base succeeded";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains("endommagée")) << e.message().toStdString();
+    }
+    EXPECT_EQ(contenu(Chemins::cheminBase()), abimeeAvant);
+    // The copy taken back, the base is written again.
+    CopieBase::remplacer(CopieBase::cheminSauvegarde());
+    EXPECT_FALSE(Base::estEndommagee());
+    EXPECT_NO_THROW(Comptes::creer(2, "bob", "x"));
+    EXPECT_EQ(sql("SELECT Login FROM Compte ORDER BY NumCompte"), (QStringList{"sauvegarde", "bob"}));
+}
+
+TEST_F(Store, EnregistrerSousRefuseLesFichiersDeKorvane) {
+    const QByteArray base = contenu(Chemins::cheminBase());
+    CopieBase::copierEntier(Chemins::cheminBase(), CopieBase::cheminSauvegarde());
+    BaseSql::executer(CopieBase::cheminSauvegarde(), "UPDATE Compte SET Login='avant'");
+    const QByteArray sauvegarde = contenu(CopieBase::cheminSauvegarde());
+    for (const QString &cible : {Chemins::cheminBase(), CopieBase::cheminSauvegarde(), Base::cheminVerrou()}) {
+        try {
+            CopieBase::copier(cible);
+            ADD_FAILURE() << "copied over " << cible.toStdString();
+        } catch (const Base::ErreurBase &e) {
+            EXPECT_TRUE(e.message().startsWith("Korvane utilise lui-même le fichier")) << e.message().toStdString();
+        }
+    }
+    EXPECT_EQ(contenu(Chemins::cheminBase()), base);
+    EXPECT_EQ(contenu(CopieBase::cheminSauvegarde()), sauvegarde);
+    EXPECT_FALSE(QFile::exists(Base::cheminVerrou()));
 }
 
 TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
@@ -176,18 +266,8 @@ TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
     EXPECT_EQ(sql("SELECT Nom FROM Dossiers WHERE NumCompte=1"), QStringList{"Un"});
 }
 
-TEST_F(Store, UneBaseEnLectureSeuleOuVerrouilleeDonneUnMessageEtNePerdRien) {
+TEST_F(Store, UneBaseVerrouilleeDonneUnMessageEtNePerdRien) {
     Comptes::creer(1, "alice", "secret");
-    if (::geteuid() != 0) {  // root writes through file modes
-        ::chmod(QFile::encodeName(Chemins::cheminBase()).constData(), 0444);
-        try {
-            Comptes::creer(2, "bob", "x");
-            ADD_FAILURE() << "write to a read-only base succeeded";
-        } catch (const Base::ErreurBase &e) {
-            EXPECT_TRUE(e.message().contains("lecture seule")) << e.message().toStdString();
-        }
-        ::chmod(QFile::encodeName(Chemins::cheminBase()).constData(), 0644);
-    }
     // Another program holds a write lock.
     sqlite3 *autre = nullptr;
     sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);
