@@ -27,6 +27,7 @@
 #include <QTextBrowser>
 #include <QTimer>
 #include <memory>
+#include <sys/stat.h>
 
 class TestFrmMain : public QObject {
     Q_OBJECT
@@ -80,7 +81,7 @@ private slots:
             "INSERT INTO Dossiers VALUES (1, 14, 'École');"
             "INSERT INTO Dossiers VALUES (2, 10, 'autre compte');"));
         BaseSql::executer(Chemins::cheminBase(),
-            QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
+            QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', char(65279) || 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
                            "INSERT INTO Documents VALUES (1, 2, 10, 'Beta', '%1', NULL, NULL, NULL, NULL, NULL, NULL, 5);"
                            "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
                            "INSERT INTO Documents VALUES (1, 5, 10, '%2', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
@@ -91,10 +92,11 @@ private slots:
         frmMain *f = ouvrir();
         // Folders in French order whatever their case and accents, with their leading blank;
         // documents of a folder in the reverse of the order of their titles as shown
-        // (an enciphered one by its plain text); another account's rows never.
+        // (an enciphered one by its plain text); another account's rows never. A field
+        // keeps every character the base holds, a leading U+FEFF too.
         QCOMPARE(arbre(f), (QStringList{QStringLiteral("P Achats"), QStringLiteral("F Gamma||3"), QStringLiteral("P banques"),
                                         QStringLiteral("F Etui||1"), QStringLiteral("F été||1"), QStringLiteral("F Beta|chiffré|5"),
-                                        QStringLiteral("F Ananas||1"), QStringLiteral("F Alpha|plain|2"), QStringLiteral("P École"),
+                                        QStringLiteral("F Ananas||1"), QStringLiteral("F Alpha|\uFEFFplain|2"), QStringLiteral("P École"),
                                         QStringLiteral("P vide"), QStringLiteral("P zèbre")}));
         QVERIFY(f->MG->GetColumnInfos(0, 3).startsWith(Chaine(118)));
         QCOMPARE(f->MG->GetColumnInfos(1, 3), QStringLiteral("Titre"));
@@ -182,7 +184,9 @@ private slots:
     }
 
     void lEnteteLesBoutonsEtLHorloge() {
+        const mode_t umaskAvant = ::umask(0);
         frmMain *f = ouvrir(1, QStringLiteral(" Alice"));
+        ::umask(umaskAvant);
         QCOMPARE(f->legendeEntete(), QString(45, u' ') + QStringLiteral(" Le gestionnaire des mots de passe    (Compte actuel :  Alice)"));
         QCOMPARE(f->Im_Commande[0]->toolTip(), QStringLiteral("Fermer"));
         QCOMPARE(f->Im_Commande[1]->toolTip(), QStringLiteral("Réduire"));
@@ -203,7 +207,7 @@ private slots:
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
         // The clock shows the time after its first tick, and the export folder exists.
         QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
-        QVERIFY(QDir(Chemins::dossierEdition()).exists());
+        QCOMPARE(EnvironnementTest::mode(Chemins::dossierEdition()), 0700);  // from its making on, whatever the umask
         QCOMPARE(f->imgCONTENU.nombre(), 6);
         QCOMPARE(f->ImageList1.entree(5)->tag, QStringLiteral("Login réseau"));
     }
