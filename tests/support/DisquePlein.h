@@ -18,13 +18,14 @@ public:
         if (pret_) ::umount2(dossier_.constData(), MNT_DETACH);
     }
     bool pret() const { return pret_; }
-    // Takes every block still free.
-    void remplir() {
+    // Takes every block still free but laisser bytes: a write then fails half way.
+    void remplir(qint64 laisser = 0) {
         QFile f(QFile::decodeName(dossier_) + QStringLiteral("/remplissage"));
         if (!f.open(QIODevice::Append | QIODevice::Unbuffered)) return;
         const QByteArray bloc(4096, '\0');
         while (f.write(bloc) > 0) {
         }
+        f.resize(qMax<qint64>(0, f.size() - laisser));
     }
 
 private:

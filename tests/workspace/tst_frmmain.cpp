@@ -440,7 +440,7 @@ private slots:
         QVERIFY(QFile::copy(Chemins::cheminBase(), disque + QStringLiteral("/korvane.kvx")));
         Chemins::definirDossierProgramme(disque);
         frmMain *f = ouvrir();
-        plein.remplir();
+        plein.remplir(QFileInfo(Chemins::cheminBase()).size() / 2);
         const QByteArray base = octets(Chemins::cheminBase());
 
         ChoixFichier::prevoirReponses({disque + QStringLiteral("/copie.kvx")});
@@ -451,6 +451,7 @@ private slots:
         QVERIFY2(Messages::affiches().join(u'|').contains(QStringLiteral("le disque est plein")), "opening a base on a full disk");
         QCOMPARE(octets(Chemins::cheminBase()), base);
         // The options write the four exports at their opening.
+        plein.remplir();
         f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
         QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
         QVERIFY2(Messages::affiches().value(0).contains(QStringLiteral("le disque est plein")), "exports on a full disk");
