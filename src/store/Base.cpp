@@ -395,7 +395,10 @@ QString preparerBase(const QString &cheminDemande) {
     try {
         etat = examiner(chemin);
     } catch (const ErreurBase &e) {
-        if (!copie) throw;
+        // A base that can't be read at all: the copy before it is the way back. A base
+        // only in use elsewhere, or out of reach, needs no such advice.
+        const int code = e.code() & 0xff;
+        if (!copie || (e.code() != 0 && code != SQLITE_CORRUPT && code != SQLITE_NOTADB)) throw;
         throw ErreurBase(e.message() + QStringLiteral("\nLa base précédente est gardée dans %1 : pour la reprendre, "
                                                       "donnez-lui le nom %2.").arg(sauvegarde, nomFichier(chemin)),
                          e.code());

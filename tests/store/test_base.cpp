@@ -109,6 +109,15 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     QFile::copy(etranger, Chemins::cheminBase());
     EXPECT_THROW(Base::preparerBase(), Base::ErreurBase);
     EXPECT_EQ(contenu(Chemins::cheminBase()), QByteArray(4096, 'x'));
+    // With the copy of the base before it at hand, the refusal names it.
+    QFile::copy(autreCle, CopieBase::cheminSauvegarde());
+    try {
+        Base::preparerBase();
+        ADD_FAILURE() << "a foreign file was accepted";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains(CopieBase::cheminSauvegarde())) << e.message().toStdString();
+    }
+    QFile::remove(CopieBase::cheminSauvegarde());
 
     // Our key and our tables, but a column short: refused in French before any action
     // could fail on it, and left as it was.
