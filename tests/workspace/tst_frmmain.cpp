@@ -303,11 +303,15 @@ private slots:
         QVERIFY(!f->Boutons[2]->estEnfonce());
         QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx)"));
         // Never over a file Korvane itself uses.
-        const QByteArray baseAvant = octets(base);
-        ChoixFichier::prevoirReponses({base});
-        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
-        QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Korvane utilise lui-même le fichier korvane.kvx")));
-        QCOMPARE(octets(base), baseAvant);
+        CopieBase::copierEntier(env->chemin(QStringLiteral("copie.kvx")), CopieBase::cheminSauvegarde());
+        const QByteArray baseAvant = octets(base), sauvegardeAvant = octets(CopieBase::cheminSauvegarde());
+        for (const QString &propre : {base, CopieBase::cheminSauvegarde(), Base::cheminVerrou()}) {
+            ChoixFichier::prevoirReponses({propre});
+            QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+            QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Korvane utilise lui-même le fichier ") + QFileInfo(propre).fileName()));
+        }
+        QVERIFY(octets(base) == baseAvant && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
+        QVERIFY(!QFile::exists(Base::cheminVerrou()));
         ChoixFichier::filtresDemandes();
 
         // Open: a cancel leaves the button pressed until the next click; a foreign file changes nothing.
@@ -323,25 +327,20 @@ private slots:
         QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
         QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("n'est pas une base Korvane")));
         QCOMPARE(Navigation::fenetrePrincipale(), f);
-        QVERIFY(!QFile::exists(CopieBase::cheminSauvegarde()));
         // The dialog lists the kept copy too.
         QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx *.kvx.bak)"));
         // A Korvane base damaged inside is refused before anything is copied.
         BaseExemple::remplir(1, 4, 300);
         const QString abimee = env->chemin(QStringLiteral("abimee.kvx"));
         CopieBase::copierEntier(base, abimee);
-        QFile fichierAbime(abimee);
-        QVERIFY(fichierAbime.open(QIODevice::ReadWrite) && fichierAbime.seek(fichierAbime.size() / 2 + 100));
-        fichierAbime.write(QByteArray(16, 'X'));
-        fichierAbime.close();
+        BaseExemple::abimer(abimee);
         const QByteArray avantAbimee = octets(base);
         ChoixFichier::prevoirReponses({abimee});
         QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("La base abimee.kvx est endommagée : la vérification de son "
                                                                   "contenu y trouve des erreurs.\nElle n'a pas été modifiée.\n"
                                                                   "La base actuelle n'a pas été modifiée.")});
-        QCOMPARE(octets(base), avantAbimee);
-        QVERIFY(!QFile::exists(CopieBase::cheminSauvegarde()));
+        QVERIFY(octets(base) == avantAbimee && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
         QCOMPARE(Navigation::fenetrePrincipale(), f);
 
         // A Korvane base replaces it whatever the answer; the old one is kept, and the login follows.
