@@ -405,12 +405,8 @@ private slots:
         QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{Chaine(120)});
         QCoreApplication::processEvents();
-        QCOMPARE(finsDemandees, 0);
-        QCOMPARE(Navigation::fenetreLogin(), login);
-        QVERIFY(login->isVisible());
-        QCOMPARE(montrees, 0);
-        QCOMPARE(Session::NumCompteCourant, 0);
-        QVERIFY(Session::PassCourant.isEmpty());
+        QVERIFY(finsDemandees == 0 && Navigation::fenetreLogin() == login && login->isVisible() && montrees == 0);
+        QVERIFY(Session::NumCompteCourant == 0 && Session::PassCourant.isEmpty());
         Messages::prevoirReponses({true});
         QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
         QCOMPARE(finsDemandees, 1);
@@ -423,8 +419,7 @@ private slots:
         QTest::keyClick(login->Pass, Qt::Key_Return);
         qApp->removeEventFilter(&guet);
         f = Navigation::fenetrePrincipale();
-        QVERIFY(f);
-        QCOMPARE(arbre(f), (QStringList{QStringLiteral("P Secrets de bruno"), QStringLiteral("F Coffre|bruno|2")}));
+        QVERIFY(f && arbre(f) == (QStringList{QStringLiteral("P Secrets de bruno"), QStringLiteral("F Coffre|bruno|2")}));
         QVERIFY(f->legendeEntete().endsWith(QStringLiteral("(Compte actuel : bruno)")));
     }
 
