@@ -35,6 +35,7 @@ struct Environnement {
         if (documents > 0 && !existe) BaseExemple::remplir(1, 200, documents);
         Session::NumCompteCourant = 1;
         Session::LoginCourant = QStringLiteral("banc");
+        Session::Ouverte = true;
     }
 };
 

@@ -156,6 +156,13 @@ void BM_Recharger(benchmark::State &s) {
     fermer();
 }
 
+// The start's check of an existing base: its schema and the engine's integrity check
+// of every page, before the login window.
+void BM_PreparerBase(benchmark::State &s) {
+    utiliser(int(s.range(0)));
+    for (auto _ : s) benchmark::DoNotOptimize(Base::preparerBase());
+}
+
 // Loads a grid of n documents, then prints the resident memory: one process, one load.
 int mesurerMemoire(int documents) {
     utiliser(documents);
@@ -178,6 +185,7 @@ BENCHMARK(BM_SupprimerDossier)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Recharger)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LireArbre)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RequeteNue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PreparerBase)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv) {
     return Banc::lancer(argc, argv, Banc::Application::AvecFenetres, [](int n, char **arguments) {

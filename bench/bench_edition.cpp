@@ -28,6 +28,7 @@ void BM_EditerUnChamp(benchmark::State &s) {
     Base::preparerBase();
     BaseExemple::remplir(1, 200, int(s.range(0)));
     Session::NumCompteCourant = 1;
+    Session::Ouverte = true;
     Navigation::afficherPrincipale();
     frmMain *f = Navigation::fenetrePrincipale();
     QApplication::processEvents();

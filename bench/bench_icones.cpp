@@ -56,6 +56,7 @@ struct Environnement {
         c.valider();
         Session::NumCompteCourant = 1;
         Session::LoginCourant = QStringLiteral("banc");
+        Session::Ouverte = true;
     }
 };
 

@@ -6,18 +6,22 @@
 
 class InstanceUnique {
 public:
-    // cheminBase is the base to guard; its lock file is cheminBase + ".lock".
+    // cheminBase is the base to guard; its lock file is Base::cheminVerrou(cheminBase).
     explicit InstanceUnique(const QString &cheminBase);
     ~InstanceUnique();
     InstanceUnique(const InstanceUnique &) = delete;
     InstanceUnique &operator=(const InstanceUnique &) = delete;
 
-    // False when another copy holds the base. True otherwise, and this copy then
-    // holds it until destroyed; a folder where no lock file can be made holds no
-    // lock, as nothing can be written there either.
-    bool acquerir();
+    enum class Resultat {
+        Tenu,       // this copy holds the base until destroyed
+        Occupe,     // another copy holds it
+        Impossible  // the lock can't be made or taken: raison() says why, in French
+    };
+    Resultat acquerir();
+    QString raison() const { return raison_; }
 
 private:
     QString cheminVerrou_;
+    QString raison_;
     int descripteur_ = -1;
 };

@@ -1,6 +1,7 @@
 #include "Navigation.h"
 
 #include "store/FrmLogin.h"
+#include "store/Session.h"
 #include "ui/PressePapiers.h"
 #include "workspace/frmMain.h"
 
@@ -30,6 +31,8 @@ FrmLogin *fenetreLogin() { return login; }
 frmMain *fenetrePrincipale() { return principale; }
 
 void afficherPrincipale() {
+    // The main window shows the tree of the logged-in account only.
+    if (!Session::Ouverte) return;
     fermer(login);
     login = nullptr;
     fermer(principale);

@@ -27,14 +27,21 @@ int main(int argc, char *argv[]) {
     }
     // The command line is ignored, the path of an opened .kvx file included.
     InstanceUnique instance(Chemins::cheminBase());
-    if (!instance.acquerir()) {
+    switch (instance.acquerir()) {
+    case InstanceUnique::Resultat::Tenu:
+        break;
+    case InstanceUnique::Resultat::Occupe:
         Messages::information(QStringLiteral("Korvane est déjà ouvert."));
         return 0;
+    case InstanceUnique::Resultat::Impossible:
+        Messages::information(instance.raison());
+        return 1;
     }
     try {
         const QString reprise = CopieBase::reprendreBaseVoisine();
         if (!reprise.isEmpty()) Messages::information(reprise);
-        Base::preparerBase();
+        // A damaged base opens read-only, after a word on how to take the one before it.
+        if (const QString avis = Base::preparerBase(); !avis.isEmpty()) Messages::information(avis);
     } catch (const Base::ErreurBase &e) {
         Messages::information(e.message());
         return 1;

@@ -100,6 +100,7 @@ int main(int argc, char *argv[]) {
     Session::NumCompteCourant = 1;
     Session::LoginCourant = QStringLiteral("alice");
     Session::PassCourant = QStringLiteral("secret");
+    Session::Ouverte = true;
     remplirExemple();
     Navigation::afficherPrincipale();
     frmMain *principale = Navigation::fenetrePrincipale();

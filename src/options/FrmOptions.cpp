@@ -291,8 +291,17 @@ void FrmOptions::clicOInterface() {
     if (OInterface[0]->estEnfonce()) {
         for (int i = 0; i < 6; ++i) {
             Reglages::ecrire(kClesCouleurs[i], i == 0 || i == 5 ? OCoul[i]->fond : OCoul[i]->texte);
-            // The window takes the background at once.
-            if (i == 0) FondBleu->definirCouleurFond(couleurReglage(OCoul[0]->fond));
+            // The window takes the background at once, and the tabs' captions on it
+            // a colour that reads there.
+            if (i == 0) {
+                const QColor fond = couleurReglage(OCoul[0]->fond);
+                FondBleu->definirCouleurFond(fond);
+                for (BoutonImage *onglet : Onglets) {
+                    QPalette palette = onglet->palette();
+                    palette.setColor(QPalette::ButtonText, fond.lightness() < 140 ? QColor(Qt::white) : QColor(0x1f, 0x2a, 0x44));
+                    onglet->setPalette(palette);
+                }
+            }
         }
         if (principale()) principale()->MG->ReDessiner();
     }

@@ -23,13 +23,20 @@ namespace {
 const QString kTypeMime = QStringLiteral("application/x-korvane");
 const QString kEntree = QStringLiteral("korvane.desktop");
 
-// Whole or not at all: the user's own files there must never be left cut.
-bool ecrireOctets(const QString &chemin, const QByteArray &octets) {
-    QDir().mkpath(QFileInfo(chemin).absolutePath());
-    return FichierEntier::ecrire(chemin, octets);
+// What the desktop reads: for all to read, for the user alone to change.
+constexpr QFileDevice::Permissions kDroitsPublics =
+    FichierEntier::kDroitsProprietaire | QFileDevice::ReadGroup | QFileDevice::ReadOther;
+
+// Whole or not at all: the user's own files there must never be left cut. A file
+// that exists keeps its rights unless droits are given.
+bool ecrireOctets(const QString &chemin, const QByteArray &octets, QFileDevice::Permissions droits = kDroitsPublics) {
+    FichierEntier::creerDossier(QFileInfo(chemin).absolutePath());
+    return FichierEntier::ecrire(chemin, octets, droits);
 }
 
-bool ecrireTexte(const QString &chemin, const QString &texte) { return ecrireOctets(chemin, texte.toUtf8()); }
+bool ecrireTexte(const QString &chemin, const QString &texte, QFileDevice::Permissions droits = kDroitsPublics) {
+    return ecrireOctets(chemin, texte.toUtf8(), droits);
+}
 
 // One argument of an Exec line: quoted, with the characters the quotes don't protect
 // escaped, then the backslashes doubled as every desktop-entry string requires.
@@ -71,7 +78,8 @@ void fixerDansListe(const QString &chemin, const QString &section, const QString
             }
         if (!remplacee) lignes.insert(debut + 1, nouvelle);
     }
-    ecrireTexte(chemin, lignes.join(u'\n') + u'\n');
+    // The user's list keeps the rights it has; a new one gets those of its kind.
+    ecrireTexte(chemin, lignes.join(u'\n') + u'\n', f.exists() ? QFileDevice::Permissions() : kDroitsPublics);
 }
 
 // Runs a refresh tool if it is installed; its absence or failure is not the user's concern.

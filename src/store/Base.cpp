@@ -1,12 +1,15 @@
 #include "Base.h"
 
 #include "Chemins.h"
+#include "Cryptage.h"
 #include "FichierEntier.h"
 #include "IconesStock.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 #include <openssl/evp.h>
@@ -67,7 +70,8 @@ QByteArray instructionCle(const QString &chemin) {
 
 }  // namespace
 
-ErreurBase::ErreurBase(const QString &message) : std::runtime_error(message.toStdString()), message_(message) {}
+ErreurBase::ErreurBase(const QString &message, int code)
+    : std::runtime_error(message.toStdString()), message_(message), code_(code) {}
 
 void verifier(int code, const QString &nom) {
     if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
@@ -76,40 +80,44 @@ void verifier(int code, const QString &nom) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         throw ErreurBase(QStringLiteral("La base %1 est utilisée par un autre programme.\n"
-                                        "Fermez-le, puis recommencez : rien n'a été modifié.").arg(nom));
+                                        "Fermez-le, puis recommencez : rien n'a été modifié.").arg(nom), code);
     case SQLITE_READONLY:
     case SQLITE_PERM:
         throw ErreurBase(QStringLiteral("La base %1 est en lecture seule : la modification n'a pas été enregistrée.\n"
-                                        "Vérifiez les droits du fichier et de son dossier.").arg(nom));
+                                        "Vérifiez les droits du fichier et de son dossier.").arg(nom), code);
     case SQLITE_CANTOPEN:
         throw ErreurBase(QStringLiteral("Impossible d'ouvrir la base %1.\n"
-                                        "Vérifiez qu'elle existe et que son dossier est accessible.").arg(nom));
+                                        "Vérifiez qu'elle existe et que son dossier est accessible.").arg(nom), code);
     case SQLITE_NOTADB:
         throw ErreurBase(QStringLiteral("Le fichier %1 n'est pas une base Korvane, "
-                                        "ou il est protégé par un autre mot de passe.").arg(nom));
+                                        "ou il est protégé par un autre mot de passe.").arg(nom), code);
     case SQLITE_FULL:
-        throw ErreurBase(QStringLiteral("Le disque est plein : la modification n'a pas été enregistrée dans %1.").arg(nom));
+        throw ErreurBase(QStringLiteral("Le disque est plein : la modification n'a pas été enregistrée dans %1.").arg(nom), code);
     case SQLITE_CORRUPT:
-        throw ErreurBase(QStringLiteral("La base %1 est endommagée.").arg(nom));
+        throw ErreurBase(QStringLiteral("La base %1 est endommagée.").arg(nom), code);
     case SQLITE_IOERR:
-        throw ErreurBase(QStringLiteral("Le disque n'a pas pu lire ou écrire la base %1 : rien n'a été modifié.").arg(nom));
+        throw ErreurBase(QStringLiteral("Le disque n'a pas pu lire ou écrire la base %1 : rien n'a été modifié.").arg(nom), code);
     case SQLITE_NOMEM:
-        throw ErreurBase(QStringLiteral("La mémoire manque pour lire la base %1 : rien n'a été modifié.").arg(nom));
+        throw ErreurBase(QStringLiteral("La mémoire manque pour lire la base %1 : rien n'a été modifié.").arg(nom), code);
     case SQLITE_ERROR:
         throw ErreurBase(QStringLiteral("La base %1 n'a pas la forme d'une base Korvane : l'opération a été refusée, "
-                                        "rien n'a été modifié.").arg(nom));
+                                        "rien n'a été modifié.").arg(nom), code);
     default:
-        throw ErreurBase(QStringLiteral("La base %1 a refusé l'opération (erreur %2) : rien n'a été modifié.").arg(nom).arg(code));
+        throw ErreurBase(QStringLiteral("La base %1 a refusé l'opération (erreur %2) : rien n'a été modifié.").arg(nom).arg(code), code);
     }
 }
 
-Connexion::Connexion(const QString &chemin, bool creer, const QString &nomAffiche)
-    : chemin_(cheminEffectif(chemin)), affiche_(nomAffiche.isEmpty() ? nomFichier(chemin_) : nomAffiche) {
+Connexion::Connexion(const QString &chemin, bool creer, const QString &nomAffiche, bool lecture)
+    : chemin_(cheminEffectif(chemin)), affiche_(nomAffiche.isEmpty() ? nomFichier(chemin_) : nomAffiche),
+      endommagee_(estEndommagee(chemin_)) {
     const QByteArray cheminLocal = QFile::encodeName(chemin_);
-    const int code = sqlite3_open_v2(cheminLocal.constData(), &db_,
-                                     SQLITE_OPEN_READWRITE | (creer ? SQLITE_OPEN_CREATE : 0), nullptr);
+    // The owner's own choice stands, even for an account the system lets write anywhere.
+    const QFileInfo info(chemin_);
+    lecture = lecture || endommagee_ || (info.exists() && !(info.permissions() & QFileDevice::WriteOwner));
+    const int mode = lecture ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | (creer ? SQLITE_OPEN_CREATE : 0);
+    const int code = sqlite3_open_v2(cheminLocal.constData(), &db_, mode, nullptr);
     try {
-        verifier(code, affiche_);
+        verifier(code);
         sqlite3_busy_timeout(db_, 1500);
         executer(instructionCle(chemin_).constData());
         // The first read is where a wrong key or a foreign file shows.
@@ -126,7 +134,16 @@ Connexion::~Connexion() {
     sqlite3_close_v2(db_);
 }
 
-void Connexion::executer(const char *sql) { verifier(sqlite3_exec(db_, sql, nullptr, nullptr, nullptr), affiche_); }
+void Connexion::executer(const char *sql) { verifier(sqlite3_exec(db_, sql, nullptr, nullptr, nullptr)); }
+
+void Connexion::verifier(int code) const {
+    if (endommagee_ && (code & 0xff) == SQLITE_READONLY)
+        throw ErreurBase(QStringLiteral("La base %1 est endommagée : Korvane la garde en lecture seule, "
+                                        "la modification n'a pas été enregistrée.\n"
+                                        "Pour reprendre une base saine, utilisez « Ouvrir une base ».").arg(affiche_),
+                         code);
+    Base::verifier(code, affiche_);
+}
 
 int Connexion::changements() const { return sqlite3_changes(db_); }
 
@@ -143,7 +160,7 @@ void Connexion::valider() {
 }
 
 Requete::Requete(Connexion &connexion, const char *sql) : connexion_(connexion) {
-    verifier(sqlite3_prepare_v2(connexion_.db(), sql, -1, &stmt_, nullptr), connexion_.nomAffiche());
+    connexion_.verifier(sqlite3_prepare_v2(connexion_.db(), sql, -1, &stmt_, nullptr));
 }
 
 Requete::~Requete() { sqlite3_finalize(stmt_); }
@@ -178,7 +195,7 @@ bool Requete::suivante() {
     const int code = sqlite3_step(stmt_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
-    verifier(code, connexion_.nomAffiche());
+    connexion_.verifier(code);
     return false;
 }
 
@@ -195,7 +212,7 @@ qint64 Requete::entierLong(int colonne) const { return sqlite3_column_int64(stmt
 
 QString Requete::texte(int colonne) const {
     const auto *t = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, colonne));
-    return t ? QString::fromUtf8(t, sqlite3_column_bytes(stmt_, colonne)) : QString();
+    return t ? depuisUtf8(QByteArrayView(t, sqlite3_column_bytes(stmt_, colonne))) : QString();
 }
 
 QByteArrayView Requete::texteUtf8(int colonne) const {
@@ -295,14 +312,53 @@ QString manqueSchema(Connexion &c) {
 
 }  // namespace
 
+namespace {
+
+QSet<QString> &basesEndommagees() {
+    static QSet<QString> bases;
+    return bases;
+}
+
+QString cle(const QString &chemin) { return QFileInfo(cheminEffectif(chemin)).absoluteFilePath(); }
+
+// The engine's own check of every page, index and row; a page it can't even read
+// (its authentication fails) is damage as well.
+bool integre(Connexion &c) {
+    sqlite3_stmt *st = nullptr;
+    int code = sqlite3_prepare_v2(c.db(), "PRAGMA integrity_check", -1, &st, nullptr);
+    bool saine = false;
+    if (code == SQLITE_OK) {
+        code = sqlite3_step(st);
+        saine = code == SQLITE_ROW && qstrcmp(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)), "ok") == 0 &&
+                sqlite3_step(st) == SQLITE_DONE;
+    }
+    sqlite3_finalize(st);
+    const int base = code & 0xff;
+    if (!saine && base != SQLITE_ROW && base != SQLITE_CORRUPT && base != SQLITE_NOTADB && base != SQLITE_IOERR) c.verifier(code);
+    return saine;
+}
+
+enum class Etat { Saine, Endommagee };
+
+// Throws ErreurBase when the file is no Korvane base; says whether it is damaged inside.
+Etat examiner(const QString &chemin) {
+    Connexion c(chemin, false, QString(), true);
+    const QString manque = manqueSchema(c);
+    if (!manque.isEmpty())
+        throw ErreurBase(QStringLiteral("Le fichier %1 n'est pas une base Korvane complète : %2.\nIl n'a pas été modifié.")
+                             .arg(nomFichier(cheminEffectif(chemin)), manque));
+    return integre(c) ? Etat::Saine : Etat::Endommagee;
+}
+
+}  // namespace
+
 bool estBaseKorvane(const QString &chemin, QString *raison) {
     try {
-        Connexion c(chemin);
-        const QString manque = manqueSchema(c);
-        if (manque.isEmpty()) return true;
+        if (examiner(chemin) == Etat::Saine) return true;
         if (raison)
-            *raison = QStringLiteral("Le fichier %1 n'est pas une base Korvane complète : %2.\nIl n'a pas été modifié.")
-                          .arg(nomFichier(cheminEffectif(chemin)), manque);
+            *raison = QStringLiteral("La base %1 est endommagée : la vérification de son contenu y trouve des erreurs.\n"
+                                     "Elle n'a pas été modifiée.")
+                          .arg(nomFichier(cheminEffectif(chemin)));
         return false;
     } catch (const ErreurBase &e) {
         if (raison) *raison = e.message();
@@ -310,21 +366,55 @@ bool estBaseKorvane(const QString &chemin, QString *raison) {
     }
 }
 
-void preparerBase(const QString &cheminDemande) {
+bool estEndommagee(const QString &chemin) { return basesEndommagees().contains(cle(chemin)); }
+
+void oublierEndommagee(const QString &chemin) { basesEndommagees().remove(cle(chemin)); }
+
+QString cheminSauvegarde(const QString &chemin) { return cheminEffectif(chemin) + QStringLiteral(".bak"); }
+
+QString cheminVerrou(const QString &chemin) { return cheminEffectif(chemin) + QStringLiteral(".lock"); }
+
+QString preparerBase(const QString &cheminDemande) {
     const QString chemin = cheminEffectif(cheminDemande);
     const QFileInfo info(chemin);
     if (info.isSymLink() && !info.exists())
         throw ErreurBase(QStringLiteral("La base %1 est un lien vers un fichier qui n'existe pas :\n%2\n"
                                         "Rétablissez ce fichier, ou supprimez le lien pour commencer une base neuve.")
                              .arg(nomFichier(chemin), info.symLinkTarget()));
+    oublierEndommagee(chemin);
     if (!info.exists()) {
         creerBase(chemin);
-        return;
+        return {};
     }
-    QString raison;
-    if (!estBaseKorvane(chemin, &raison)) throw ErreurBase(raison);
-    // Its key is known to all: only the file's rights keep other users out.
+    // Its key is known to all: only the files' rights keep other users out.
     FichierEntier::reserverAuProprietaire(chemin);
+    FichierEntier::reserverAuProprietaire(cheminSauvegarde(chemin));
+    const QString sauvegarde = QDir::toNativeSeparators(cheminSauvegarde(chemin));
+    const bool copie = QFileInfo(cheminSauvegarde(chemin)).isFile();
+    Etat etat = Etat::Saine;
+    try {
+        etat = examiner(chemin);
+    } catch (const ErreurBase &e) {
+        // A base that can't be read at all: the copy before it is the way back. A base
+        // only in use elsewhere, or out of reach, needs no such advice.
+        const int code = e.code() & 0xff;
+        if (!copie || (e.code() != 0 && code != SQLITE_CORRUPT && code != SQLITE_NOTADB)) throw;
+        throw ErreurBase(e.message() + QStringLiteral("\nLa base précédente est gardée dans %1 : pour la reprendre, "
+                                                      "donnez-lui le nom %2.").arg(sauvegarde, nomFichier(chemin)),
+                         e.code());
+    }
+    if (etat == Etat::Saine) return {};
+    basesEndommagees().insert(cle(chemin));
+    QString avis = QStringLiteral("La base %1 est endommagée : la vérification de son contenu y trouve des erreurs.\n"
+                                  "Korvane l'ouvre en lecture seule : vous pouvez lire ce qu'elle contient, rien n'y sera écrit.\n")
+                       .arg(nomFichier(chemin));
+    if (copie)
+        avis += QStringLiteral("La base précédente est gardée dans %1 : pour la reprendre, choisissez "
+                               "« Ouvrir une base », puis ce fichier.").arg(sauvegarde);
+    else
+        avis += QStringLiteral("Aucune copie de la base précédente (%1) n'existe : si vous en avez enregistré une ailleurs, "
+                               "choisissez « Ouvrir une base », puis cette copie.").arg(sauvegarde);
+    return avis;
 }
 
 }  // namespace Base

@@ -15,11 +15,13 @@ namespace Base {
 // A failure of the base, with a French message for the user.
 class ErreurBase : public std::runtime_error {
 public:
-    explicit ErreurBase(const QString &message);
+    explicit ErreurBase(const QString &message, int code = 0);
     QString message() const { return message_; }
+    int code() const { return code_; }  // the engine's result code, 0 when the failure is not the engine's
 
 private:
     QString message_;
+    int code_ = 0;
 };
 
 class Connexion {
@@ -27,7 +29,10 @@ public:
     // Opens the base (korvane.kvx by default) with its key. Throws ErreurBase.
     // A missing file is an error unless creer is set. Messages name the file
     // nomAffiche when one is given (a base being built under a temporary name).
-    explicit Connexion(const QString &chemin = QString(), bool creer = false, const QString &nomAffiche = QString());
+    // lecture opens the file for reading only. A base found damaged at start, or that
+    // its owner made read-only, is opened so whatever is asked.
+    explicit Connexion(const QString &chemin = QString(), bool creer = false, const QString &nomAffiche = QString(),
+                       bool lecture = false);
     ~Connexion();
     Connexion(const Connexion &) = delete;
     Connexion &operator=(const Connexion &) = delete;
@@ -35,6 +40,7 @@ public:
     sqlite3 *db() const { return db_; }
     const QString &nomAffiche() const { return affiche_; }
     void executer(const char *sql);  // statements without parameters or results
+    void verifier(int code) const;    // Base::verifier for this base
     int changements() const;         // rows changed by the last statement
     qint64 dernierRowid() const;     // row of the last insertion
 
@@ -47,6 +53,7 @@ private:
     QString chemin_;
     QString affiche_;
     bool transaction_ = false;
+    bool endommagee_ = false;
 };
 
 // A statement with bound parameters (indexes from 1), stepped row by row.
@@ -87,12 +94,26 @@ void verifier(int code, const QString &nom);
 // Makes sure the base exists: a missing file is created, for the user alone, with
 // its schema, the template folders and the stock icons. An existing file must be a
 // Korvane base opened by our key, or ErreurBase says why; its content is never
-// changed here, but rights that let other users read it are narrowed to the user's.
-void preparerBase(const QString &chemin = QString());
+// changed here, but rights that let other users read it (its own and its copy's)
+// are narrowed to the user's. A base that the engine's integrity check finds
+// damaged is kept read-only for the run: the French notice returned says so and
+// names the copy of the base before it; empty when the base is sound.
+QString preparerBase(const QString &chemin = QString());
 
-// True when the file opens with our key and has the four tables with all their
-// columns; otherwise raison says in French what is wrong. The file is only read.
+// True when the file opens with our key, has the four tables with all their
+// columns and passes the engine's integrity check; otherwise raison says in French
+// what is wrong. The file is only read.
 bool estBaseKorvane(const QString &chemin, QString *raison = nullptr);
+
+// The base at chemin (korvane.kvx by default) was found damaged at start: no
+// connection writes to it. oublierEndommagee when a sound base took its place.
+bool estEndommagee(const QString &chemin = QString());
+void oublierEndommagee(const QString &chemin = QString());
+
+// The files that go with a base: the copy of the base it replaced, and the lock
+// that keeps a second copy of Korvane off it.
+QString cheminSauvegarde(const QString &chemin = QString());
+QString cheminVerrou(const QString &chemin = QString());
 
 // The template folders a new base receives, under account 0.
 QStringList dossiersModeles();

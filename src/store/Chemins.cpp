@@ -1,13 +1,11 @@
 #include "Chemins.h"
 
+#include "FichierEntier.h"
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-
-#include <cerrno>
-#include <sys/stat.h>
 
 namespace Chemins {
 
@@ -20,17 +18,6 @@ QString &dossierChoisi() {
 const Disposition &dispositionDuProgramme() {
     static const Disposition d = disposition(QCoreApplication::applicationDirPath());
     return d;
-}
-
-// Folders made for Korvane are the user's alone, as the desktop's own rules ask for
-// the data folders, whatever the umask.
-bool creerDossierPrive(const QString &chemin) {
-    const QFileInfo info(chemin);
-    if (info.isDir()) return true;
-    if (info.exists() || !creerDossierPrive(info.absolutePath())) return false;
-    const QByteArray local = QFile::encodeName(chemin);
-    if (::mkdir(local.constData(), 0700) != 0) return errno == EEXIST && QFileInfo(chemin).isDir();  // made meanwhile
-    return ::chmod(local.constData(), 0700) == 0;
 }
 }  // namespace
 
@@ -66,7 +53,8 @@ QString dossierAide() {
 
 bool preparerDossierProgramme(QString *raison) {
     const QString dossier = dossierProgramme();
-    if (creerDossierPrive(dossier)) return true;
+    // Made for Korvane, the user's alone, as the desktop's own rules ask for the data folders.
+    if (FichierEntier::creerDossier(dossier)) return true;
     if (raison)
         *raison = QStringLiteral("Le dossier de Korvane %1 n'a pas pu être créé.\n"
                                  "Vérifiez les droits de son dossier parent et la place libre sur le disque.")

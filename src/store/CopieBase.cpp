@@ -54,10 +54,15 @@ bool memeFichier(const QString &a, const QString &b) {
     return fa.absoluteFilePath() == fb.absoluteFilePath();
 }
 
-QString cheminSauvegarde() { return Chemins::cheminBase() + QStringLiteral(".bak"); }
+QString cheminSauvegarde() { return Base::cheminSauvegarde(Chemins::cheminBase()); }
 
 void copier(const QString &cible) {
-    if (memeFichier(cible, Chemins::cheminBase())) return;  // the base is already there
+    // The files Korvane works with are never a copy's target: the copy would take the
+    // place of the base, of the only way back to the base before it, or of the lock.
+    for (const QString &propre : {Chemins::cheminBase(), cheminSauvegarde(), Base::cheminVerrou(Chemins::cheminBase())})
+        if (memeFichier(cible, propre))
+            throw Base::ErreurBase(QStringLiteral("Korvane utilise lui-même le fichier %1 : choisissez un autre nom.\n"
+                                                  "Rien n'a été copié.").arg(QFileInfo(propre).fileName()));
     copierEntier(Chemins::cheminBase(), cible);
 }
 
@@ -71,6 +76,7 @@ void remplacer(const QString &source) {
     remplir(nouvelle, source);
     if (QFileInfo::exists(Chemins::cheminBase())) copierEntier(Chemins::cheminBase(), cheminSauvegarde());
     valider(nouvelle);
+    Base::oublierEndommagee(Chemins::cheminBase());
 }
 
 QString reprendreBaseVoisine() {

@@ -7,7 +7,8 @@
 
 namespace CopieBase {
 
-// Copies the base (korvane.kvx) to cible. Throws Base::ErreurBase with a French message.
+// Copies the base (korvane.kvx) to cible, which may not be the base, its .bak or its
+// lock. Throws Base::ErreurBase with a French message.
 void copier(const QString &cible);
 
 // Replaces the base by the file at source, which must open as a Korvane base; the

@@ -267,6 +267,13 @@ QString dechiffrer(const Unite *d, qsizetype n) {
 }
 }  // namespace
 
+QString depuisUtf8(QByteArrayView utf8) {
+    // Qt's decoding takes a leading byte order mark for a header and drops it.
+    static constexpr char kMarque[] = "\xEF\xBB\xBF";
+    if (!utf8.startsWith(QByteArrayView(kMarque, 3))) return QString::fromUtf8(utf8);
+    return QChar(0xFEFF) + QString::fromUtf8(utf8.sliced(3));
+}
+
 QString DecrypterChamp(const QString &texte) { return DecrypterChamp(QStringView(texte)); }
 
 QString DecrypterChamp(QStringView texte) { return dechiffrer(texte.utf16(), texte.size()); }
@@ -275,6 +282,6 @@ QString DecrypterChamp(QByteArrayView utf8) {
     // Stored text is ASCII but for characters the cipher passed through: those go
     // through a proper decoding first.
     for (const char c : utf8)
-        if (static_cast<unsigned char>(c) >= 0x80) return DecrypterChamp(QString::fromUtf8(utf8));
+        if (static_cast<unsigned char>(c) >= 0x80) return DecrypterChamp(depuisUtf8(utf8));
     return dechiffrer(reinterpret_cast<const unsigned char *>(utf8.data()), utf8.size());
 }

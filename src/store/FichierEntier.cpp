@@ -2,6 +2,11 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace FichierEntier {
 
@@ -15,7 +20,21 @@ bool ecrire(const QString &chemin, const QByteArray &octets, QFileDevice::Permis
 
 bool valider(QSaveFile &sortie) { return sortie.flush() && sortie.commit(); }
 
+namespace {
+// Below this, a write that failed failed for want of room: the system says so only
+// when not a byte of the write went through.
+constexpr qint64 kPlaceMinimale = 64 * 1024;
+
+bool disquePlein(const QFileDevice &f) {
+    // Only files being written: a file read may lie on a full disk for no fault of its own.
+    if (!qobject_cast<const QSaveFile *>(&f) || f.error() == QFileDevice::PermissionsError) return false;
+    const QStorageInfo disque(QFileInfo(f.fileName()).absolutePath());
+    return disque.isValid() && disque.bytesAvailable() < kPlaceMinimale;
+}
+}  // namespace
+
 QString raisonEchec(const QFileDevice &f) {
+    if (disquePlein(f)) return QStringLiteral("le disque est plein");
     switch (f.error()) {
     case QFileDevice::ResourceError: return QStringLiteral("le disque est plein");
     case QFileDevice::PermissionsError: return QStringLiteral("les droits manquent");
@@ -26,11 +45,32 @@ QString raisonEchec(const QFileDevice &f) {
 }
 
 bool reserverAuProprietaire(const QString &chemin) {
+    const QByteArray local = QFile::encodeName(chemin);
+    struct stat st {};
+    // Only a plain file of the user's own: a folder in its place, or somebody
+    // else's file, is not Korvane's to change.
+    if (::stat(local.constData(), &st) != 0 || !S_ISREG(st.st_mode) || st.st_uid != ::geteuid()) return false;
+    if ((st.st_mode & (S_IRWXG | S_IRWXO)) == 0) return true;
+    // The owner's own bits stay: a base made read-only stays read-only.
+    return ::chmod(local.constData(), st.st_mode & S_IRWXU) == 0;
+}
+
+bool creerDossier(const QString &chemin) {
     const QFileInfo info(chemin);
-    if (!info.exists()) return false;
-    if ((info.permissions() & ~(kDroitsProprietaire | QFileDevice::ReadUser | QFileDevice::WriteUser)) == QFileDevice::Permissions())
-        return true;
-    return QFile::setPermissions(chemin, kDroitsProprietaire);
+    if (info.isDir()) return true;
+    const QString parent = info.absolutePath();
+    if (parent != info.absoluteFilePath() && !creerDossier(parent)) return false;
+    const QByteArray local = QFile::encodeName(info.absoluteFilePath());
+    // Its rights are set from its making on, whatever the umask.
+    if (::mkdir(local.constData(), S_IRWXU) != 0) return errno == EEXIST && QFileInfo(chemin).isDir();
+    return ::chmod(local.constData(), S_IRWXU) == 0;
+}
+
+bool creerVide(const QString &chemin, QFileDevice::Permissions droits) {
+    if (QFileInfo::exists(chemin)) return true;
+    QFile f(chemin);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return QFileInfo::exists(chemin);
+    return f.setPermissions(droits);
 }
 
 }  // namespace FichierEntier

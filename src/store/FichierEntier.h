@@ -27,7 +27,17 @@ bool valider(QSaveFile &sortie);
 // Why a file operation failed, in French, never with the system's own English text.
 QString raisonEchec(const QFileDevice &fichier);
 
-// Narrows the rights of an existing file to the user alone; true when it is so.
+// Narrows the rights of an existing plain file of the user's to the user alone,
+// keeping the owner's own bits (0444 becomes 0400); true when it is so. Anything
+// else (a folder, another user's file, nothing) is left as it is.
 bool reserverAuProprietaire(const QString &chemin);
+
+// Makes a folder, and the folders above it that are missing, for the user alone
+// (0700), whatever the umask. True when the folder exists.
+bool creerDossier(const QString &chemin);
+
+// Makes an empty file with exactly these rights when there is none, so that what is
+// written into it next never has wider ones. True when the file exists.
+bool creerVide(const QString &chemin, QFileDevice::Permissions droits);
 
 }  // namespace FichierEntier

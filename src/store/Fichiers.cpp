@@ -16,7 +16,7 @@ QByteArray LireFichier(const QString &chemin) {
 
 void EcrireFichier(const QString &chemin, const QByteArray &texte) {
     QString raison;
-    if (!FichierEntier::ecrire(chemin, texte + "\r\n", {}, &raison))
+    if (!FichierEntier::ecrire(chemin, texte + "\r\n", FichierEntier::kDroitsProprietaire, &raison))
         throw std::runtime_error(
             QStringLiteral("Impossible d'écrire le fichier %1 : %2.").arg(QFileInfo(chemin).fileName(), raison).toStdString());
 }

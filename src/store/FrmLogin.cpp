@@ -145,6 +145,7 @@ void FrmLogin::ChercherLogin() {
                 Session::NumCompteCourant = compte->num;
                 Session::PassCourant = Pass->text();
                 Session::LoginCourant = Login->currentText();
+                Session::Ouverte = true;
                 Reglages::ecrire(Reglages::Cle::Username, Login->currentText());
                 reussie_ = true;
                 emit reussite();
@@ -182,7 +183,9 @@ void FrmLogin::ChercherLogin() {
 }
 
 void FrmLogin::clicFermer() {
-    if (!Session::ModeLogin || *Session::ModeLogin == 0) {
+    // Without an open session (program start, or a base just replaced) there is no
+    // main window to go back to: closing means ending the program.
+    if (!Session::ModeLogin || *Session::ModeLogin == 0 || !Session::Ouverte) {
         ConfirmerQuitter();
         return;
     }

@@ -3,6 +3,7 @@
 #include "FichierEntier.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -86,6 +87,9 @@ QString lire(const QString &section, const QString &nom, const QString &defaut) 
 }
 
 void ecrire(const QString &section, const QString &nom, const QString &valeur) {
+    // It holds the last login: the user's alone from its making on.
+    FichierEntier::creerDossier(QFileInfo(cheminFichier()).absolutePath());
+    FichierEntier::creerVide(cheminFichier(), FichierEntier::kDroitsProprietaire);
     QSettings s = ouvrir();
     // One value per key whatever its case: other forms go, the key keeps its own name.
     for (const QString &groupe : variantes(s.childGroups(), section)) {
@@ -97,7 +101,6 @@ void ecrire(const QString &section, const QString &nom, const QString &valeur) {
     s.setValue(nom, valeur);
     s.endGroup();
     s.sync();
-    // It holds the last login: the user's alone.
     FichierEntier::reserverAuProprietaire(cheminFichier());
 }
 

@@ -12,12 +12,23 @@ inline QString PassCourant;           // plain password
 // How the login window was opened: none at program start, 0 while the main window
 // is up, 1 to create an account, 2 to change account or after a base was opened.
 inline std::optional<int> ModeLogin;
+// True from a successful login until the base under it is replaced: only then is
+// there a main window to go back to.
+inline bool Ouverte = false;
 
 inline void reinitialiser() {
     NumCompteCourant = 0;
     LoginCourant.clear();
     PassCourant.clear();
     ModeLogin.reset();
+    Ouverte = false;
+}
+
+// The base was replaced: the account numbers now name other people's accounts, so
+// nothing of the session remains but the way back to the login window.
+inline void fermerApresRemplacement() {
+    reinitialiser();
+    ModeLogin = 2;
 }
 
 }  // namespace Session

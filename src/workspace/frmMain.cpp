@@ -3,6 +3,7 @@
 #include "grid/MyCoolGrid.h"
 #include "store/Chemins.h"
 #include "store/Def.h"
+#include "store/FichierEntier.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "ui/Art.h"
@@ -165,7 +166,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     // The strip shows the caption without the blanks that made room for the logo.
     entete->setText(legendeEntete_.trimmed());
     for (int i = 0; i < kNbBoutons; ++i) Boutons[i]->setToolTip(Chaine(924 + i));
-    QDir().mkpath(Chemins::dossierEdition());
+    FichierEntier::creerDossier(Chemins::dossierEdition());
     ChargerIconesDatabase();
     ChargerImageList1();
     Timer1->start();

@@ -140,6 +140,9 @@ private:
     // keys, or is cleared when it is gone.
     void restaurerSelection();
     void finirMiseAJour();
+    // The selected document's row made visible, its folder opened if closed; false,
+    // with the reason told, when it can't be.
+    bool montrerDocumentCourant();
     void effacerSelection();
     // Shows a window modally over this one, handed first to the tests' preparation.
     void montrerModal(FenetreCadre &fenetre);

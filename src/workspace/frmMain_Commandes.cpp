@@ -171,6 +171,23 @@ void frmMain::restaurerSelection() {
     MG->rendreVisible(ligne);
 }
 
+bool frmMain::montrerDocumentCourant() {
+    const int r = MG->LigneCourante;
+    if (MG->cellules().hauteurPixels(r) > 0) return true;
+    // A hit of the search may lie in a closed folder: its folder is opened, as a
+    // click on it would, and the document chosen again.
+    int dossier = r;
+    while (dossier >= 2 && !MG->IsLigneParent(dossier)) --dossier;
+    if (dossier >= 2) {
+        MG->SelectLine(dossier);
+        MG->AllerALigne(r);
+    }
+    if (MG->LigneCourante == r && MG->cellules().hauteurPixels(r) > 0) return true;
+    Messages::information(QStringLiteral("Le dossier de ce document ne peut pas être ouvert : "
+                                         "ouvrez-le d'un clic, puis choisissez le document à modifier."));
+    return false;
+}
+
 void frmMain::effacerSelection() {
     selection_ = {};
     LigneDocument = 9999;
@@ -225,6 +242,7 @@ void frmMain::commande(int index) {
         break;
     case 15:
         if (MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
+            if (!montrerDocumentCourant()) return;
             MG->rendreVisible(MG->LigneCourante);
             RendreSaisieVisible(true, 1, 0);
             RendreSaisieVisibleCalendrier(false);
@@ -239,7 +257,8 @@ void frmMain::commande(int index) {
         Navigation::afficherLogin();
         break;
     case 1: {
-        const QString chemin = ChoixFichier::ouvrir(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx"));
+        // The copy kept of the base before is listed too: it is the way back after a bad choice.
+        const QString chemin = ChoixFichier::ouvrir(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx *.kvx.bak"));
         if (chemin.isEmpty()) {
             garderEnfonce_ = true;
             return;
@@ -252,9 +271,13 @@ void frmMain::commande(int index) {
             return;
         }
         Messages::question(Chaine(138) + QStringLiteral("\r\n") + Chaine(139));
-        if (autre) CopieBase::remplacer(chemin);
         Boutons[1]->relacher();
-        Session::ModeLogin = 2;
+        if (autre) {
+            CopieBase::remplacer(chemin);
+            Session::fermerApresRemplacement();
+        } else {
+            Session::ModeLogin = 2;
+        }
         Navigation::afficherLogin();
         break;
     }

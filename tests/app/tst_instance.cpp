@@ -1,12 +1,14 @@
 // One running copy: a second start says so and touches nothing.
 
 #include "app/InstanceUnique.h"
+#include "support/EnvironnementTest.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <sys/stat.h>
 
 class TestInstance : public QObject {
     Q_OBJECT
@@ -14,17 +16,34 @@ private slots:
     void uneSeuleCopieParBase() {
         QTemporaryDir a, b;
         const QString base = a.filePath(QStringLiteral("korvane.kvx"));
+        using R = InstanceUnique::Resultat;
         {
+            // The lock is the owner's alone, whatever the umask.
+            const mode_t ancien = ::umask(0);
             InstanceUnique premiere(base);
-            QVERIFY(premiere.acquerir());
+            const R r = premiere.acquerir();
+            ::umask(ancien);
+            QCOMPARE(r, R::Tenu);
+            QCOMPARE(EnvironnementTest::mode(base + QStringLiteral(".lock")), 0600);
             InstanceUnique seconde(base);
-            QVERIFY(!seconde.acquerir());
+            QCOMPARE(seconde.acquerir(), R::Occupe);
             InstanceUnique ailleurs(b.filePath(QStringLiteral("korvane.kvx")));
-            QVERIFY(ailleurs.acquerir());
+            QCOMPARE(ailleurs.acquerir(), R::Tenu);
         }
-        // The lock goes with the copy that held it.
+        // The lock goes with the copy that held it; one left readable by others is narrowed.
+        QVERIFY(QFile::setPermissions(base + QStringLiteral(".lock"), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                                          QFileDevice::ReadGroup | QFileDevice::ReadOther));
         InstanceUnique suivante(base);
-        QVERIFY(suivante.acquerir());
+        QCOMPARE(suivante.acquerir(), R::Tenu);
+        QCOMPARE(EnvironnementTest::mode(base + QStringLiteral(".lock")), 0600);
+
+        // A lock that can't be taken is said, never passed over.
+        QVERIFY(QDir(b.path()).mkdir(QStringLiteral("autre.kvx.lock")));
+        InstanceUnique sansVerrou(b.filePath(QStringLiteral("autre.kvx")));
+        QCOMPARE(sansVerrou.acquerir(), R::Impossible);
+        QVERIFY(sansVerrou.raison().contains(QStringLiteral("autre.kvx.lock")));
+        InstanceUnique sansDossier(b.filePath(QStringLiteral("absent/korvane.kvx")));
+        QCOMPARE(sansDossier.acquerir(), R::Impossible);
     }
 
     void uneSecondeCopieSArreteSansRienToucher() {
@@ -34,7 +53,7 @@ private slots:
         const QString copie = dossier.filePath(QStringLiteral("korvane"));
         QVERIFY(QFile::copy(binaire, copie));
         InstanceUnique tenue(dossier.filePath(QStringLiteral("korvane.kvx")));
-        QVERIFY(tenue.acquerir());
+        QCOMPARE(tenue.acquerir(), InstanceUnique::Resultat::Tenu);
 
         QProcess p;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();

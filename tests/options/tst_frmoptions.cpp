@@ -153,6 +153,10 @@ private slots:
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurTitre), o->couleurFond(1));
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 14737632);
             QCOMPARE(f->MG->cellules().BackColor, 0x112233);
+            // The tabs stand on that background: their captions must read there.
+            const int ecart = o->Onglets[0]->palette().color(QPalette::ButtonText).lightness() -
+                              FenetreDialogue::couleurReglage(0x112233).lightness();
+            QVERIFY2(qAbs(ecart) > 120, qPrintable(QString::number(ecart)));
         });
     }
 

@@ -91,6 +91,14 @@ private slots:
         QCOMPARE(f->MG->LigneCourante, ligne(QStringLiteral("Livret été")));
         QCOMPARE(f->MG->GetParentEtat(dossier), QStringLiteral("A"));
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Banques -  Document : Livret été"));
+        // Editing it opens its folder first: no edit on a row nobody sees.
+        QTest::keyClick(f->MG, Qt::Key_F2);
+        QCOMPARE(f->MG->GetParentEtat(dossier), QStringLiteral("B"));
+        QCOMPARE(f->MG->LigneCourante, ligne(QStringLiteral("Livret été")));
+        QVERIFY(f->MG->cellules().hauteurPixels(f->MG->LigneCourante) > 0);
+        QVERIFY(f->SaisieVisible && f->Saisie[3]->isVisible());
+        QCOMPARE(f->Saisie[3]->text(), QStringLiteral("Livret été"));
+        f->MG->SelectLine(dossier);  // closes it again
 
         // A folder chosen is clicked: it opens, and a second time closes.
         for (const char *etat : {"B", "A"}) {

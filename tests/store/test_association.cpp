@@ -9,6 +9,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -40,7 +41,15 @@ TEST(Association, EnregistreLeTypeLEntreeLIconeEtLApplicationParDefaut) {
         f.open(QIODevice::WriteOnly);
         f.write("[Default Applications]\ntext/plain=editeur.desktop\napplication/x-korvane=ancien.desktop\n");
     }
+    // Rights of their own whatever the umask: the folders made the user's, the files for all to read.
+    const mode_t umaskAvant = ::umask(0);
     AssocierExtension();
+    ::umask(umaskAvant);
+    for (const char *fichier : {"mime/packages/korvane.xml", "applications/korvane.desktop", "icons/hicolor/48x48/apps/korvane.png"})
+        EXPECT_EQ(EnvironnementTest::mode(donnees.filePath(fichier)), 0644) << fichier;
+    EXPECT_EQ(EnvironnementTest::mode(donnees.absolutePath()), 0700);
+    for (const char *dossier : {"mime/packages", "applications", "icons/hicolor/48x48"})
+        EXPECT_EQ(EnvironnementTest::mode(donnees.filePath(dossier)), 0700) << dossier;
 
     const QString mime = lire(donnees.filePath("mime/packages/korvane.xml"));
     EXPECT_TRUE(mime.contains("<glob pattern=\"*.kvx\"/>"));

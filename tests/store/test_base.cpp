@@ -3,10 +3,13 @@
 #include "store/CopieBase.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
+#include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QProcess>
 #include <QStandardPaths>
@@ -106,6 +109,15 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     QFile::copy(etranger, Chemins::cheminBase());
     EXPECT_THROW(Base::preparerBase(), Base::ErreurBase);
     EXPECT_EQ(contenu(Chemins::cheminBase()), QByteArray(4096, 'x'));
+    // With the copy of the base before it at hand, the refusal names it.
+    QFile::copy(autreCle, CopieBase::cheminSauvegarde());
+    try {
+        Base::preparerBase();
+        ADD_FAILURE() << "a foreign file was accepted";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains(CopieBase::cheminSauvegarde())) << e.message().toStdString();
+    }
+    QFile::remove(CopieBase::cheminSauvegarde());
 
     // Our key and our tables, but a column short: refused in French before any action
     // could fail on it, and left as it was.
@@ -137,21 +149,67 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     EXPECT_FALSE(QFile::exists(env.chemin("disparue.kvx")));
 }
 
-TEST_F(Store, LaBaseSesCopiesEtLesReglagesSontAuSeulUtilisateur) {
+TEST_F(Store, LesDroitsSeResserrentSansJamaisSElargir) {
     const QString base = Chemins::cheminBase();
     EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    const mode_t umaskAvant = ::umask(0);
     CopieBase::copier(env.chemin("copie.kvx"));
     EXPECT_EQ(EnvironnementTest::mode(env.chemin("copie.kvx")), 0600);
+    EcrireFichier(Chemins::fichierIcoTmp(), "icone");
+    EXPECT_EQ(EnvironnementTest::mode(Chemins::fichierIcoTmp()), 0600);
+    // The settings, and the folders made for them, are the user's from their making on.
+    Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
+    ::umask(umaskAvant);
+    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(QFileInfo(Reglages::cheminFichier()).absolutePath()), 0700);
+    EXPECT_EQ(EnvironnementTest::mode(env.chemin("config")), 0700);
     ::chmod(QFile::encodeName(env.chemin("copie.kvx")).constData(), 0644);
     CopieBase::remplacer(env.chemin("copie.kvx"));
     EXPECT_EQ(EnvironnementTest::mode(base), 0600);
     EXPECT_EQ(EnvironnementTest::mode(CopieBase::cheminSauvegarde()), 0600);
-    // A base left readable by others is narrowed at the next start.
-    ::chmod(QFile::encodeName(base).constData(), 0644);
+    // What others may read is narrowed at the next start, the owner's own bits kept:
+    // a base its owner made read-only stays so, and nothing is written to it.
+    ::chmod(QFile::encodeName(base).constData(), 0444);
+    ::chmod(QFile::encodeName(CopieBase::cheminSauvegarde()).constData(), 0644);
     Base::preparerBase();
-    EXPECT_EQ(EnvironnementTest::mode(base), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(base), 0400);
+    EXPECT_EQ(EnvironnementTest::mode(CopieBase::cheminSauvegarde()), 0600);
+    const QByteArray avant = contenu(base);
+    try {
+        Comptes::creer(2, "bob", "x");
+        ADD_FAILURE() << "write to a read-only base succeeded";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains("lecture seule")) << e.message().toStdString();
+    }
+    EXPECT_EQ(contenu(base), avant);
+    // A settings file that is a folder is not Korvane's to change.
+    QFile::remove(Reglages::cheminFichier());
+    ASSERT_TRUE(QDir().mkdir(Reglages::cheminFichier()));
+    ::chmod(QFile::encodeName(Reglages::cheminFichier()).constData(), 0755);
     Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
-    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0600);
+    EXPECT_EQ(EnvironnementTest::mode(Reglages::cheminFichier()), 0755);
+}
+
+TEST_F(Store, UneBaseEndommageeAuDemarrageNEstQueLue) {
+    Comptes::creer(1, "alice", "a");
+    BaseExemple::remplir(1, 5, 300);
+    CopieBase::copierEntier(Chemins::cheminBase(), CopieBase::cheminSauvegarde());
+    BaseExemple::abimer(Chemins::cheminBase());
+    const QByteArray abimee = contenu(Chemins::cheminBase());
+    // Read, never written, and the notice names the copy to take back.
+    const QString avis = Base::preparerBase();
+    EXPECT_TRUE(avis.contains("lecture seule") && avis.contains(CopieBase::cheminSauvegarde())) << avis.toStdString();
+    EXPECT_EQ(Comptes::chercher("alice").value_or(Comptes::Compte{}).num, 1);
+    try {
+        Comptes::creer(2, "bob", "x");
+        ADD_FAILURE() << "write to a damaged base succeeded";
+    } catch (const Base::ErreurBase &e) {
+        EXPECT_TRUE(e.message().contains("endommagée")) << e.message().toStdString();
+    }
+    EXPECT_EQ(contenu(Chemins::cheminBase()), abimee);
+    // The copy taken back, the base is written again.
+    CopieBase::remplacer(CopieBase::cheminSauvegarde());
+    EXPECT_NO_THROW(Comptes::creer(2, "bob", "x"));
 }
 
 TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
@@ -176,18 +234,8 @@ TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
     EXPECT_EQ(sql("SELECT Nom FROM Dossiers WHERE NumCompte=1"), QStringList{"Un"});
 }
 
-TEST_F(Store, UneBaseEnLectureSeuleOuVerrouilleeDonneUnMessageEtNePerdRien) {
+TEST_F(Store, UneBaseVerrouilleeDonneUnMessageEtNePerdRien) {
     Comptes::creer(1, "alice", "secret");
-    if (::geteuid() != 0) {  // root writes through file modes
-        ::chmod(QFile::encodeName(Chemins::cheminBase()).constData(), 0444);
-        try {
-            Comptes::creer(2, "bob", "x");
-            ADD_FAILURE() << "write to a read-only base succeeded";
-        } catch (const Base::ErreurBase &e) {
-            EXPECT_TRUE(e.message().contains("lecture seule")) << e.message().toStdString();
-        }
-        ::chmod(QFile::encodeName(Chemins::cheminBase()).constData(), 0644);
-    }
     // Another program holds a write lock.
     sqlite3 *autre = nullptr;
     sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);

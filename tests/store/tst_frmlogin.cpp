@@ -209,8 +209,10 @@ private slots:
         QCOMPARE(finsDemandees, 1);
         QCOMPARE(Messages::affiches().size(), 1);
 
-        // Opened to create an account: own heading, no selection, closing goes back.
+        // Opened to create an account from a session: own heading, no selection, closing goes back.
         Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
+        Session::NumCompteCourant = 1;
+        Session::Ouverte = true;
         Session::ModeLogin = 1;
         f = ouvrir();
         QCOMPARE(f->L[1]->text(), QStringLiteral("Créer un nouveau compte"));

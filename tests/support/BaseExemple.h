@@ -5,6 +5,7 @@
 #include "store/Base.h"
 #include "store/Cryptage.h"
 
+#include <QFile>
 #include <QString>
 
 namespace BaseExemple {
@@ -36,6 +37,13 @@ inline void remplir(int numCompte, int nbDossiers, int nbDocuments, int premierN
         r.executer();
     }
     c.valider();
+}
+
+// Damages a copy of the base inside a page well past the first (its schema still
+// reads); the base must be large enough, a few hundred documents.
+inline void abimer(const QString &chemin) {
+    QFile f(chemin);
+    if (f.open(QIODevice::ReadWrite) && f.seek(f.size() / 2 + 100)) f.write(QByteArray(16, 'X'));
 }
 
 }  // namespace BaseExemple

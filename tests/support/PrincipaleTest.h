@@ -23,6 +23,7 @@ public:
         BaseSql::executer(Chemins::cheminBase(), sql);
         Session::NumCompteCourant = 1;
         Session::LoginCourant = QStringLiteral("alice");
+        Session::Ouverte = true;
         Navigation::afficherPrincipale();
         f = Navigation::fenetrePrincipale();
         f->activateWindow();

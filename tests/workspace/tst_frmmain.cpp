@@ -8,8 +8,10 @@
 #include "store/Cryptage.h"
 #include "store/FrmLogin.h"
 #include "store/FrmModifLogin.h"
+#include "ui/ChoixFichier.h"
 #include "support/BaseExemple.h"
 #include "support/BaseSql.h"
+#include "support/DisquePlein.h"
 #include "support/EnvironnementTest.h"
 #include "ui/BoutonImage.h"
 #include "ui/Chaines.h"
@@ -38,6 +40,7 @@
 #include <QTimer>
 #include <QTranslator>
 #include <memory>
+#include <sys/stat.h>
 
 class TestFrmMain : public QObject {
     Q_OBJECT
@@ -48,10 +51,15 @@ class TestFrmMain : public QObject {
     frmMain *ouvrir(int compte = 1, const QString &login = QStringLiteral("alice")) {
         Session::NumCompteCourant = compte;
         Session::LoginCourant = login;
+        Session::Ouverte = true;
         Navigation::afficherPrincipale();
         return Navigation::fenetrePrincipale();
     }
     QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
+    static QByteArray octets(const QString &chemin) {
+        QFile f(chemin);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
     // The grid's rows from row 2 on, as "P name" or "F title|login|icon".
     QStringList arbre(frmMain *f) {
         QStringList l;
@@ -158,7 +166,7 @@ private slots:
             "INSERT INTO Dossiers VALUES (1, 14, 'École');"
             "INSERT INTO Dossiers VALUES (2, 10, 'autre compte');"));
         BaseSql::executer(Chemins::cheminBase(),
-            QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
+            QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', char(65279) || 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
                            "INSERT INTO Documents VALUES (1, 2, 10, 'Beta', '%1', NULL, NULL, NULL, NULL, NULL, NULL, 5);"
                            "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
                            "INSERT INTO Documents VALUES (1, 5, 10, '%2', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
@@ -169,10 +177,11 @@ private slots:
         frmMain *f = ouvrir();
         // Folders in French order whatever their case and accents, with their leading blank;
         // documents of a folder in the reverse of the order of their titles as shown
-        // (an enciphered one by its plain text); another account's rows never.
+        // (an enciphered one by its plain text); another account's rows never. A field
+        // keeps every character the base holds, a leading U+FEFF too.
         QCOMPARE(arbre(f), (QStringList{QStringLiteral("P Achats"), QStringLiteral("F Gamma||3"), QStringLiteral("P banques"),
                                         QStringLiteral("F Etui||1"), QStringLiteral("F été||1"), QStringLiteral("F Beta|chiffré|5"),
-                                        QStringLiteral("F Ananas||1"), QStringLiteral("F Alpha|plain|2"), QStringLiteral("P École"),
+                                        QStringLiteral("F Ananas||1"), QStringLiteral("F Alpha|\uFEFFplain|2"), QStringLiteral("P École"),
                                         QStringLiteral("P vide"), QStringLiteral("P zèbre")}));
         QVERIFY(f->MG->GetColumnInfos(0, 3).startsWith(Chaine(118)));
         QCOMPARE(f->MG->GetColumnInfos(1, 3), QStringLiteral("Titre"));
@@ -260,7 +269,9 @@ private slots:
     }
 
     void lEnteteLesBoutonsEtLHorloge() {
+        const mode_t umaskAvant = ::umask(0);
         frmMain *f = ouvrir(1, QStringLiteral(" Alice"));
+        ::umask(umaskAvant);
         QCOMPARE(f->legendeEntete(), QString(45, u' ') + QStringLiteral(" Le gestionnaire des mots de passe    (Compte actuel :  Alice)"));
         QCOMPARE(f->Im_Commande[0]->toolTip(), QStringLiteral("Fermer (Ctrl+Q)"));
         QCOMPARE(f->Im_Commande[1]->toolTip(), QStringLiteral("Réduire"));
@@ -284,7 +295,7 @@ private slots:
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
         // The clock shows the time after its first tick, and the export folder exists.
         QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
-        QVERIFY(QDir(Chemins::dossierEdition()).exists());
+        QCOMPARE(EnvironnementTest::mode(Chemins::dossierEdition()), 0700);  // from its making on, whatever the umask
         QCOMPARE(f->imgCONTENU.nombre(), 6);
         QCOMPARE(f->ImageList1.entree(5)->tag, QStringLiteral("Login réseau"));
     }
@@ -379,6 +390,17 @@ private slots:
         QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("La copie vers copie.kvx a échoué")));
         QVERIFY(!f->Boutons[2]->estEnfonce());
         QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx)"));
+        // Never over a file Korvane itself uses.
+        CopieBase::copierEntier(env->chemin(QStringLiteral("copie.kvx")), CopieBase::cheminSauvegarde());
+        const QByteArray baseAvant = octets(base), sauvegardeAvant = octets(CopieBase::cheminSauvegarde());
+        for (const QString &propre : {base, CopieBase::cheminSauvegarde(), Base::cheminVerrou()}) {
+            ChoixFichier::prevoirReponses({propre});
+            QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+            QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Korvane utilise lui-même le fichier ") + QFileInfo(propre).fileName()));
+        }
+        QVERIFY(octets(base) == baseAvant && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
+        QVERIFY(!QFile::exists(Base::cheminVerrou()));
+        ChoixFichier::filtresDemandes();
 
         // Open: a cancel leaves the button pressed until the next click; a foreign file changes nothing.
         QFile etranger(env->chemin(QStringLiteral("notes.kvx")));
@@ -393,7 +415,21 @@ private slots:
         QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
         QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("n'est pas une base Korvane")));
         QCOMPARE(Navigation::fenetrePrincipale(), f);
-        QVERIFY(!QFile::exists(CopieBase::cheminSauvegarde()));
+        // The dialog lists the kept copy too.
+        QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx *.kvx.bak)"));
+        // A Korvane base damaged inside is refused before anything is copied.
+        BaseExemple::remplir(1, 4, 300);
+        const QString abimee = env->chemin(QStringLiteral("abimee.kvx"));
+        CopieBase::copierEntier(base, abimee);
+        BaseExemple::abimer(abimee);
+        const QByteArray avantAbimee = octets(base);
+        ChoixFichier::prevoirReponses({abimee});
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("La base abimee.kvx est endommagée : la vérification de son "
+                                                                  "contenu y trouve des erreurs.\nElle n'a pas été modifiée.\n"
+                                                                  "La base actuelle n'a pas été modifiée.")});
+        QVERIFY(octets(base) == avantAbimee && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
+        QCOMPARE(Navigation::fenetrePrincipale(), f);
 
         // A Korvane base replaces it whatever the answer; the old one is kept, and the login follows.
         BaseSql::executer(env->chemin(QStringLiteral("copie.kvx")), QStringLiteral("UPDATE Compte SET Login='bruno'"));
@@ -407,11 +443,101 @@ private slots:
         QVERIFY(Navigation::fenetreLogin() && Navigation::fenetreLogin()->Login->itemText(0) == QStringLiteral("bruno"));
 
         // The .bak itself can be opened back: it is read before it is rewritten.
-        Navigation::afficherPrincipale();
+        Navigation::fenetreLogin()->Pass->setText(QStringLiteral("a"));
+        QTest::keyClick(Navigation::fenetreLogin()->Pass, Qt::Key_Return);
         ChoixFichier::prevoirReponses({CopieBase::cheminSauvegarde()});
         QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[1], Qt::LeftButton);
         QCOMPARE(sql(QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
         QCOMPARE(BaseSql::lignes(CopieBase::cheminSauvegarde(), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("bruno")});
+    }
+
+    void uneBaseOuverteNeSeMontreQuApresUneConnexionSurElle() {
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("INSERT INTO Dossiers VALUES (1, 10, 'Banque d''alice');"));
+        // Another base whose account 1 is someone else's, with a password of its own.
+        const QString autre = env->chemin(QStringLiteral("autre.kvx"));
+        CopieBase::copierEntier(Chemins::cheminBase(), autre);
+        BaseSql::executer(autre, QStringLiteral("UPDATE Compte SET Login='bruno', Pass='%1';"
+                                                "DELETE FROM Dossiers WHERE NumCompte=1;"
+                                                "INSERT INTO Dossiers VALUES (1, 50, 'Secrets de bruno');"
+                                                "INSERT INTO Documents VALUES (1, 1, 50, 'Coffre', 'bruno', 'x', NULL, NULL, NULL, NULL, NULL, 0);")
+                                     .arg(CrypterChamp(QStringLiteral("b"))));
+        Navigation::afficherLogin();
+        Navigation::fenetreLogin()->Pass->clear();
+        QTest::keyClicks(Navigation::fenetreLogin()->Pass, QStringLiteral("a"));
+        QTest::keyClick(Navigation::fenetreLogin()->Pass, Qt::Key_Return);
+        frmMain *f = Navigation::fenetrePrincipale();
+        QVERIFY(f && arbre(f) == QStringList{QStringLiteral("P Banque d'alice")});
+
+        ChoixFichier::prevoirReponses({autre});
+        Messages::prevoirReponses({true});
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Messages::affiches();
+        // From here on, any main window that shows would show the new base's rows.
+        int montrees = 0;
+        struct Guet : QObject {
+            int *compte;
+            explicit Guet(int *c) : compte(c) {}
+            bool eventFilter(QObject *o, QEvent *e) override {
+                if (e->type() == QEvent::Show && qobject_cast<frmMain *>(o)) ++*compte;
+                return false;
+            }
+        } guet(&montrees);
+        qApp->installEventFilter(&guet);
+        const QStringList avant = (sql(QStringLiteral("SELECT * FROM Dossiers")) + sql(QStringLiteral("SELECT * FROM Documents")));
+
+        // Closing the login asks to quit, as at program start; No keeps the login up, alone.
+        FrmLogin *login = Navigation::fenetreLogin();
+        QVERIFY(login && login->isVisible());
+        Messages::prevoirReponses({false});
+        QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{Chaine(120)});
+        QCoreApplication::processEvents();
+        QVERIFY(finsDemandees == 0 && Navigation::fenetreLogin() == login && login->isVisible() && montrees == 0);
+        QVERIFY(Session::NumCompteCourant == 0 && Session::PassCourant.isEmpty());
+        Messages::prevoirReponses({true});
+        QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
+        QCOMPARE(finsDemandees, 1);
+        QCOMPARE(montrees, 0);
+        QCOMPARE((sql(QStringLiteral("SELECT * FROM Dossiers")) + sql(QStringLiteral("SELECT * FROM Documents"))), avant);
+
+        // A login on the new base shows its owner's tree under its owner's name.
+        login->Pass->clear();
+        QTest::keyClicks(login->Pass, QStringLiteral("b"));
+        QTest::keyClick(login->Pass, Qt::Key_Return);
+        qApp->removeEventFilter(&guet);
+        f = Navigation::fenetrePrincipale();
+        QVERIFY(f && arbre(f) == (QStringList{QStringLiteral("P Secrets de bruno"), QStringLiteral("F Coffre|bruno|2")}));
+        QVERIFY(f->legendeEntete().endsWith(QStringLiteral("(Compte actuel : bruno)")));
+    }
+
+    void unDisquePleinEstDitParChaqueEcriture() {
+        const QString disque = env->chemin(QStringLiteral("disque"));
+        QVERIFY(QDir().mkpath(disque));
+        DisquePlein plein(disque);
+        if (!plein.pret()) QSKIP("no small disk can be mounted here");
+        const QString autre = env->chemin(QStringLiteral("autre.kvx"));
+        CopieBase::copierEntier(Chemins::cheminBase(), autre);
+        // The program's folder on the small disk, its base in it, then nothing free.
+        QVERIFY(QFile::copy(Chemins::cheminBase(), disque + QStringLiteral("/korvane.kvx")));
+        Chemins::definirDossierProgramme(disque);
+        frmMain *f = ouvrir();
+        plein.remplir(QFileInfo(Chemins::cheminBase()).size() / 2);
+        const QByteArray base = octets(Chemins::cheminBase());
+
+        ChoixFichier::prevoirReponses({disque + QStringLiteral("/copie.kvx")});
+        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+        QCOMPARE(Messages::affiches().value(0).section(u'\n', 0, 0), QStringLiteral("La copie vers copie.kvx a échoué : le disque est plein."));
+        ChoixFichier::prevoirReponses({autre});
+        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QVERIFY2(Messages::affiches().join(u'|').contains(QStringLiteral("le disque est plein")), "opening a base on a full disk");
+        QCOMPARE(octets(Chemins::cheminBase()), base);
+        // The options write the four exports at their opening.
+        plein.remplir();
+        f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
+        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
+        QVERIFY2(Messages::affiches().value(0).contains(QStringLiteral("le disque est plein")), "exports on a full disk");
+        QCOMPARE(QDir(disque).entryList(QDir::Files | QDir::Hidden), (QStringList{QStringLiteral("korvane.kvx"), QStringLiteral("remplissage")}));
     }
 
     void lAideEtLaBoiteAPropos() {
