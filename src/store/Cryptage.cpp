@@ -242,12 +242,14 @@ QString MessageHorsAlphabet(const QString &texte) {
 }
 
 namespace {
-// Deciphers n characters of any 16-bit or 8-bit unit, three at a time.
+// Deciphers n characters of any 16-bit or 8-bit unit, three at a time. With entier,
+// the first piece that is no code stops it: false, resultat unspecified.
 template <typename Unite>
-QString dechiffrer(const Unite *d, qsizetype n) {
+bool dechiffrer(const Unite *d, qsizetype n, QString &resultat, bool entier) {
     const auto &index = Cryptage::indexDechiffrement();
     const auto &table = Cryptage::TableCodes();
-    QString resultat(n, Qt::Uninitialized);
+    if (entier && n % 3 != 0) return false;
+    resultat.resize(n);
     QChar *sortie = resultat.data();
     qsizetype pos = 0;
     for (; pos + 3 <= n; pos += 3) {
@@ -255,6 +257,7 @@ QString dechiffrer(const Unite *d, qsizetype n) {
         if (ligne >= 0) {
             *sortie++ = QChar(table[ligne].clair);
         } else {
+            if (entier) return false;
             *sortie++ = QChar(char16_t(d[pos]));
             *sortie++ = QChar(char16_t(d[pos + 1]));
             *sortie++ = QChar(char16_t(d[pos + 2]));
@@ -263,7 +266,22 @@ QString dechiffrer(const Unite *d, qsizetype n) {
     // A tail of one or two characters can match no code.
     for (; pos < n; ++pos) *sortie++ = QChar(char16_t(d[pos]));
     resultat.truncate(sortie - resultat.constData());
+    return true;
+}
+
+template <typename Unite>
+QString dechiffrer(const Unite *d, qsizetype n) {
+    QString resultat;
+    dechiffrer(d, n, resultat, false);
     return resultat;
+}
+
+// Stored text is ASCII but for characters the cipher passed through and the degree
+// sign: those go through a proper decoding first.
+bool estAscii(QByteArrayView utf8) {
+    for (const char c : utf8)
+        if (static_cast<unsigned char>(c) >= 0x80) return false;
+    return true;
 }
 }  // namespace
 
@@ -271,10 +289,26 @@ QString DecrypterChamp(const QString &texte) { return DecrypterChamp(QStringView
 
 QString DecrypterChamp(QStringView texte) { return dechiffrer(texte.utf16(), texte.size()); }
 
+QString LireChampDocument(QStringView stocke) {
+    QString clair;
+    return dechiffrer(stocke.utf16(), stocke.size(), clair, true) ? clair : stocke.toString();
+}
+
+QString LireChampDocument(QByteArrayView utf8) {
+    if (!estAscii(utf8)) return LireChampDocument(QString::fromUtf8(utf8));
+    QString clair;
+    const auto *octets = reinterpret_cast<const unsigned char *>(utf8.data());
+    return dechiffrer(octets, utf8.size(), clair, true) ? clair : QString::fromLatin1(utf8);
+}
+
+std::optional<QString> ChampDuDialogue(const QString &texte) {
+    if (LireChampDocument(texte) == texte) return texte;
+    const QString chiffre = CrypterChamp(texte);
+    if (LireChampDocument(chiffre) == texte) return chiffre;
+    return std::nullopt;
+}
+
 QString DecrypterChamp(QByteArrayView utf8) {
-    // Stored text is ASCII but for characters the cipher passed through: those go
-    // through a proper decoding first.
-    for (const char c : utf8)
-        if (static_cast<unsigned char>(c) >= 0x80) return DecrypterChamp(QString::fromUtf8(utf8));
+    if (!estAscii(utf8)) return DecrypterChamp(QString::fromUtf8(utf8));
     return dechiffrer(reinterpret_cast<const unsigned char *>(utf8.data()), utf8.size());
 }

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <optional>
 
 namespace Cryptage {
 
@@ -37,3 +38,14 @@ QString DecrypterChamp(const QString &texte);
 QString DecrypterChamp(QStringView texte);
 // The same from the UTF-8 bytes of the base, without a copy of the stored text first.
 QString DecrypterChamp(QByteArrayView utf8);
+
+// A field of a document as the load shows it: deciphered when the stored text is
+// wholly made of codes on the three-character grid, else as the base holds it, so
+// that a text stored as typed never comes back altered.
+QString LireChampDocument(QStringView stocke);
+QString LireChampDocument(QByteArrayView utf8);
+
+// What the document dialog stores for a typed text so that the load gives it back:
+// the text as typed, or enciphered when the load would take it for codes. None when
+// neither reads back (codes mixed with a character outside the alphabet).
+std::optional<QString> ChampDuDialogue(const QString &texte);

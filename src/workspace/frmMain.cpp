@@ -116,6 +116,10 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     connect(MG, &MyCoolGrid::Click, this, [this] { clicGrille(); });
     connect(MG, &MyCoolGrid::EditionDemandee, this, [this] { declencher(15); });
     connect(MG, &MyCoolGrid::SuppressionDemandee, this, [this] { supprimerSelection(); });
+    // A double click on a document opens its form; on a folder the click has done its work.
+    connect(MG, &MyCoolGrid::DblClick, this, [this] {
+        if (MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) modifierDocument();
+    });
     // A press or a key in the grid ends an edit before the selection moves.
     MG->installEventFilter(this);
     MG->viewport()->installEventFilter(this);
@@ -174,6 +178,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
 
     for (const Raccourci &r : kRaccourcis)
         connect(new QShortcut(r.touches, this), &QShortcut::activated, this, [this, i = r.bouton] { declencher(i); });
+    connect(new QShortcut(kToucheFormulaire, this), &QShortcut::activated, this, [this] { modifierDocument(); });
     MG->setFocus();
 }
 
@@ -266,6 +271,10 @@ void frmMain::keyPressEvent(QKeyEvent *e) {
             declencher(r.bouton);
             return;
         }
+    if (e->keyCombination() == kToucheFormulaire) {
+        modifierDocument();
+        return;
+    }
     FenetreCadre::keyPressEvent(e);
 }
 

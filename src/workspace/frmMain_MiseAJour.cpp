@@ -137,3 +137,21 @@ void frmMain::finirMiseAJour() {
     restaurerSelection();
     MG->Redraw(true);
 }
+
+void frmMain::documentModifie(const QList<QPair<int, QString>> &champs) {
+    const int ligne = MG->LigneCourante;
+    if (ligne < 2 || MG->IsLigneParent(ligne)) return;
+    MG->Redraw(false);
+    for (const auto &[indice, texte] : champs) {
+        if (indice == 11) {
+            // As a load shows it: a document without an icon takes the library's second.
+            const int icone = texte.toInt();
+            MG->SetColumnInfos(ligne, 13, QString::number(icone == 0 ? 2 : icone));
+        } else {
+            MG->MajColumnInfos(ligne, indice, texte);
+        }
+        if (indice == kColonneTitre) ecrireBandeDocument(ligne);
+    }
+    MG->Redraw(true);
+    MG->ReDessiner();
+}

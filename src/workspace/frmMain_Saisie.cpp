@@ -150,9 +150,10 @@ bool frmMain::enregistrerSaisie(int index) {
         texte = date.toString(kFormatDate);
     }
     // The cipher keeps only its alphabet: anything else would come back as garbage.
+    // The form stores fields as typed, and keeps them.
     const QString refus = MessageHorsAlphabet(texte);
     if (!refus.isEmpty()) {
-        Messages::information(refus);
+        Messages::information(refus + QStringLiteral("\nUtilisez « Modifier le document » (Ctrl+E) pour garder ces caractères."));
         return false;
     }
     return ecrireChamp(index, texte);

@@ -103,6 +103,32 @@ TEST(Cryptage, LeDechiffrementLaisseLesMorceauxInconnusEtLaQueue) {
     EXPECT_EQ(DecrypterChamp(QStringLiteral("zzz") + code).right(1), QStringLiteral("x"));
 }
 
+TEST(Cryptage, UnChampDeDocumentNestDechiffreQueFaitEntierDeCodes) {
+    const QString code = CrypterChamp(QStringLiteral("a"));
+    auto lire = [](const QString &t) {
+        // Both ways in: the text, and the base's UTF-8 bytes.
+        const QString parTexte = LireChampDocument(QStringView(t));
+        EXPECT_EQ(LireChampDocument(QByteArrayView(t.toUtf8())), parTexte) << t.toStdString();
+        return parTexte;
+    };
+    EXPECT_EQ(lire(CrypterChamp(QStringLiteral("Pa55 w0rd!°"))), QStringLiteral("Pa55 w0rd!°"));
+    EXPECT_EQ(lire(QString()), QString());
+    // A plain text with a code on the grid, or off it by a tail or an accent, stays as held.
+    for (const QString &clair : {QStringLiteral("xyz") + code + QStringLiteral("9"), code + QStringLiteral("ab"),
+                                 QStringLiteral("Boî") + code}) {
+        EXPECT_EQ(lire(clair), clair);
+        if (clair.size() % 3 == 0) EXPECT_NE(DecrypterChamp(clair), clair);
+    }
+    // The dialog's texts: as typed, enciphered when the load would take them for
+    // codes, refused when neither reads back (a backquote is no character of the alphabet).
+    EXPECT_EQ(ChampDuDialogue(QStringLiteral("Boîte pro, transférée")), QStringLiteral("Boîte pro, transférée"));
+    EXPECT_EQ(ChampDuDialogue(code + code), CrypterChamp(code + code));
+    EXPECT_EQ(lire(*ChampDuDialogue(code + code)), code + code);
+    const QString codeAvecAccentGrave = CrypterChamp(QStringLiteral("y"));
+    ASSERT_TRUE(codeAvecAccentGrave.contains(u'`'));
+    EXPECT_EQ(ChampDuDialogue(codeAvecAccentGrave), std::nullopt);
+}
+
 TEST(Cryptage, LesLongsTextesNeDebordentPas) {
     // Far past the old 16-bit limits: every length works.
     const QString long_ = QString(40000, u'k') + QStringLiteral("Z");

@@ -7,12 +7,15 @@
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "ui/ChoixFichier.h"
+#include "ui/FenetreCadre.h"
 #include "ui/Messages.h"
 
 #include <QFile>
 #include <QList>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
 #include <sys/stat.h>
 
 class EnvironnementTest {
@@ -47,4 +50,27 @@ public:
 
 private:
     QList<QByteArray> anciens;
+};
+
+// While it lives, runs the steps on each modal window of type W, once the window's
+// loop runs; a window the steps leave open is closed.
+template <typename W>
+class SurModale {
+public:
+    explicit SurModale(std::function<void(W *)> etapes) {
+        FenetreCadre::definirPreparationModale([this, etapes](FenetreCadre *fenetre) {
+            QTimer::singleShot(0, fenetre, [this, etapes, fenetre] {
+                if (auto *w = qobject_cast<W *>(fenetre)) {
+                    ++venues;
+                    etapes(w);
+                }
+                if (fenetre->isVisible()) fenetre->close();
+            });
+        });
+    }
+    ~SurModale() { FenetreCadre::definirPreparationModale(nullptr); }
+    SurModale(const SurModale &) = delete;
+    SurModale &operator=(const SurModale &) = delete;
+
+    int venues = 0;
 };
