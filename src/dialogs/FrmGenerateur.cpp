@@ -85,7 +85,8 @@ FrmGenerateur::FrmGenerateur(QWidget *parent) : FenetreCadre(parent) {
     connect(Longueur, &QSlider::valueChanged, LongueurNombre, &QSpinBox::setValue);
     connect(LongueurNombre, &QSpinBox::valueChanged, this, [this](int n) {
         Longueur->setValue(n);
-        generer();
+        // Enter in the box says its value again: the password shown stays.
+        if (n != Mot->text().size()) generer();
     });
 
     for (int i = 0; i < 4; ++i) {

@@ -117,7 +117,7 @@ TEST(Cryptage, UnChampDeDocumentNestDechiffreQueFaitEntierDeCodes) {
     for (const QString &clair : {QStringLiteral("xyz") + code + QStringLiteral("9"), code + QStringLiteral("ab"),
                                  QStringLiteral("Boî") + code}) {
         EXPECT_EQ(lire(clair), clair);
-        if (clair.size() % 3 == 0) EXPECT_NE(DecrypterChamp(clair), clair);
+        EXPECT_TRUE(clair.size() % 3 != 0 || DecrypterChamp(clair) != clair) << clair.toStdString();
     }
     // The dialog's texts: as typed, enciphered when the load would take them for
     // codes, refused when neither reads back (a backquote is no character of the alphabet).

@@ -53,18 +53,18 @@ private:
 };
 
 // While it lives, runs the steps on each modal window of type W, once the window's
-// loop runs; a window the steps leave open is closed.
+// loop runs; a window the steps leave open is closed. Other windows are left alone.
 template <typename W>
 class SurModale {
 public:
     explicit SurModale(std::function<void(W *)> etapes) {
         FenetreCadre::definirPreparationModale([this, etapes](FenetreCadre *fenetre) {
-            QTimer::singleShot(0, fenetre, [this, etapes, fenetre] {
-                if (auto *w = qobject_cast<W *>(fenetre)) {
-                    ++venues;
-                    etapes(w);
-                }
-                if (fenetre->isVisible()) fenetre->close();
+            auto *w = qobject_cast<W *>(fenetre);
+            if (!w) return;
+            QTimer::singleShot(0, w, [this, etapes, w] {
+                ++venues;
+                etapes(w);
+                if (w->isVisible()) w->close();
             });
         });
     }
