@@ -47,7 +47,7 @@ constexpr int kCoteIcone = 32;
 constexpr QSize kTailleCalendrier(284, 204);
 
 // The picture of MIcone, in the colours of the artwork: a framed landscape.
-QPixmap imageChoixIcone() {
+QPixmap dessinerChoixIcone() {
     QPixmap image(24, 24);
     image.fill(Qt::transparent);
     QPainter p(&image);
@@ -60,6 +60,11 @@ QPixmap imageChoixIcone() {
     p.drawEllipse(QPointF(8, 9.5), 2.2, 2.2);
     p.setBrush(QColor(0x2e, 0x3f, 0x66));
     p.drawPolygon(QPolygonF({QPointF(4, 18), QPointF(10, 12), QPointF(13, 15), QPointF(16, 11), QPointF(20, 18)}));
+    return image;
+}
+
+const QPixmap &imageChoixIcone() {
+    static const QPixmap image = dessinerChoixIcone();
     return image;
 }
 
@@ -150,7 +155,7 @@ void FrmAjoutDoc::creerControles() {
 
     Generer = new BoutonImage(FondBleu);
     Generer->setObjectName(QStringLiteral("Generer"));
-    Generer->definirImages(Art::iconeTheme(QStringLiteral("password-generator"), 20));
+    Generer->definirImages(Art::iconeTheme(QStringLiteral("password-generator"), 22));
     Generer->setToolTip(QStringLiteral("Générer un mot de passe (Ctrl+G)"));
     connect(Generer, &QAbstractButton::clicked, this, [this] { clicGenerer(); });
 

@@ -111,8 +111,8 @@ FrmGenerateur::FrmGenerateur(QWidget *parent) : FenetreCadre(parent) {
     Mot->setGeometry(kMarge, kMarge, largeurMot, kCoteBouton + 2);
     Afficher->setGeometry(kMarge + largeurMot + 4, kMarge + 1, kCoteBouton, kCoteBouton);
     Autre->setGeometry(kMarge + largeurMot + kCoteBouton + 8, kMarge + 1, kCoteBouton, kCoteBouton);
-    Force->setGeometry(kMarge, 52, 200, 12);
-    Entropie->setGeometry(kMarge + 212, 44, kLargeurContenu - 2 * kMarge - 212, 26);
+    Force->setGeometry(kMarge, 52, 150, 12);
+    Entropie->setGeometry(kMarge + 162, 44, kLargeurContenu - 2 * kMarge - 162, 26);
     titreLongueur->setGeometry(kMarge, 82, 112, 26);
     Longueur->setGeometry(kMarge + 122, 82, kLargeurContenu - 2 * kMarge - 122 - 70, 26);
     LongueurNombre->setGeometry(kLargeurContenu - kMarge - 60, 82, 60, 26);
@@ -161,7 +161,7 @@ void FrmGenerateur::generer() {
                                         "QProgressBar::chunk { background: %1; border-radius: 3px; }")
                              .arg(QString::fromLatin1(niveau->couleur)));
     Entropie->setText(Mot->text().isEmpty() ? QString()
-                                            : QStringLiteral("Entropie : %1 bits, force %2").arg(int(bits)).arg(QString::fromUtf8(niveau->nom)));
+                                            : QStringLiteral("Entropie : %1 bits, %2").arg(int(bits)).arg(QString::fromUtf8(niveau->nom)));
 }
 
 void FrmGenerateur::basculerAffichage() {

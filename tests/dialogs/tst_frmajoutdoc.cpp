@@ -251,7 +251,7 @@ private slots:
                 for (int i : {1, 3}) QTest::mouseClick(g->Classes[i], Qt::LeftButton, {}, QPoint(6, g->Classes[i]->height() / 2));
                 QTest::mouseClick(g->SansSosies, Qt::LeftButton, {}, QPoint(6, g->SansSosies->height() / 2));
                 QCOMPARE(g->Mot->text().size(), 8);
-                QCOMPARE(g->Entropie->text(), QStringLiteral("Entropie : %1 bits, force très faible").arg(int(Generateur::entropie(g->options()))));
+                QCOMPARE(g->Entropie->text(), QStringLiteral("Entropie : %1 bits, très faible").arg(int(Generateur::entropie(g->options()))));
                 QVERIFY(g->Force->value() < 45);
                 // No class, no password to use.
                 for (int i : {0, 2}) g->Classes[i]->setChecked(false);
