@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPainter>
 
 PanneauImage::PanneauImage(const QString &art, Mode mode, QWidget *parent)
@@ -111,7 +112,13 @@ void FenetreCadre::executer() {
     QEventLoop boucle;
     connect(this, &FenetreCadre::fermee, &boucle, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &boucle, &QEventLoop::quit);
+    const QPointer<FenetreCadre> fenetre(this);
     boucle.exec();
+    if (!fenetre) return;
+    // The keyboard goes back to the window underneath, even on a desktop that would
+    // leave it to no window.
+    if (QWidget *dessous = parentWidget() ? parentWidget()->window() : nullptr; dessous && dessous->isVisible())
+        dessous->activateWindow();
 }
 
 void FenetreCadre::closeEvent(QCloseEvent *e) {
