@@ -242,29 +242,33 @@ QString MessageHorsAlphabet(const QString &texte) {
 }
 
 namespace {
-// Deciphers n characters of any 16-bit or 8-bit unit, three at a time. With entier,
-// the first piece that is no code stops it: false, resultat unspecified.
+// Deciphers n characters of any 16-bit or 8-bit unit, three at a time. A piece that
+// is no code passes as it stands; with exact, only when the cipher could have left
+// it so (characters outside its alphabet), else false, resultat unspecified.
 template <typename Unite>
-bool dechiffrer(const Unite *d, qsizetype n, QString &resultat, bool entier) {
+bool dechiffrer(const Unite *d, qsizetype n, QString &resultat, bool exact) {
     const auto &index = Cryptage::indexDechiffrement();
     const auto &table = Cryptage::TableCodes();
-    if (entier && n % 3 != 0) return false;
+    const auto &alphabet = Cryptage::indexChiffrement();
+    auto passe = [&](qsizetype debut, qsizetype fin, QChar *&sortie) {
+        for (qsizetype i = debut; i < fin; ++i) {
+            if (exact && alphabet.ligne(char16_t(d[i])) >= 0) return false;
+            *sortie++ = QChar(char16_t(d[i]));
+        }
+        return true;
+    };
     resultat.resize(n);
     QChar *sortie = resultat.data();
     qsizetype pos = 0;
     for (; pos + 3 <= n; pos += 3) {
         const int ligne = index.ligne(char16_t(d[pos]), char16_t(d[pos + 1]), char16_t(d[pos + 2]));
-        if (ligne >= 0) {
+        if (ligne >= 0)
             *sortie++ = QChar(table[ligne].clair);
-        } else {
-            if (entier) return false;
-            *sortie++ = QChar(char16_t(d[pos]));
-            *sortie++ = QChar(char16_t(d[pos + 1]));
-            *sortie++ = QChar(char16_t(d[pos + 2]));
-        }
+        else if (!passe(pos, pos + 3, sortie))
+            return false;
     }
     // A tail of one or two characters can match no code.
-    for (; pos < n; ++pos) *sortie++ = QChar(char16_t(d[pos]));
+    if (!passe(pos, n, sortie)) return false;
     resultat.truncate(sortie - resultat.constData());
     return true;
 }

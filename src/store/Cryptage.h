@@ -40,8 +40,9 @@ QString DecrypterChamp(QStringView texte);
 QString DecrypterChamp(QByteArrayView utf8);
 
 // A field of a document as the load shows it: deciphered when the stored text is
-// wholly made of codes on the three-character grid, else as the base holds it, so
-// that a text stored as typed never comes back altered.
+// wholly the cipher's work, codes on the three-character grid and, between them,
+// characters outside the alphabet that it passes through; else as the base holds
+// it, so that a text stored as typed never comes back altered.
 QString LireChampDocument(QStringView stocke);
 QString LireChampDocument(QByteArrayView utf8);
 

@@ -64,7 +64,7 @@ private slots:
         // A rename left as it came closes at once.
         FrmAjoutDossier g;
         ouvrir(g, QStringLiteral("Banque"), QStringLiteral("10"));
-        QTest::keyClick(g.Saisie, Qt::Key_Escape);
+        QTest::mouseClick(g.Im_Commande, Qt::LeftButton);
         QVERIFY(!g.isVisible());
         QCOMPARE(Messages::affiches(), QStringList());
     }
