@@ -7,6 +7,7 @@
 #include "dialogs/FrmAjoutDoc.h"
 #include "ui/BoutonImage.h"
 #include "grid/MyCoolGrid.h"
+#include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
@@ -77,6 +78,21 @@ void BM_EnregistrerLeFormulaire(benchmark::State &s) {
     }
 }
 
+// The floor of a store: the same row written by its rowid in one transaction, on a
+// connection of its own, without a window.
+void BM_EcrireLaLigneSeule(benchmark::State &s) {
+    Fenetre fenetre(int(s.range(0)));
+    const qint64 rowid = fenetre.f->MG->GetColumnInfos(fenetre.ligne, Def::kColonneRowid).toLongLong();
+    int n = 0;
+    for (auto _ : s) {
+        Base::Connexion c;
+        c.debutTransaction();
+        Base::Requete r(c, "UPDATE Documents SET LoginDoc=? WHERE rowid=?");
+        r.lier(1, QStringLiteral("identifiant %1").arg(++n)).lier(2, rowid).executer();
+        c.valider();
+    }
+}
+
 void BM_EditerUnChamp(benchmark::State &s) {
     Fenetre fenetre(int(s.range(0)));
     frmMain *f = fenetre.f;
@@ -95,5 +111,6 @@ void BM_EditerUnChamp(benchmark::State &s) {
 BENCHMARK(BM_EditerUnChamp)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_OuvrirLeFormulaire)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_EnregistrerLeFormulaire)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_EcrireLaLigneSeule)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv) { return Banc::lancer(argc, argv, Banc::Application::AvecFenetres); }

@@ -186,14 +186,8 @@ void FrmAjoutDoc::creerControles() {
     titreCalendrier->setObjectName(QStringLiteral("TitrePanCal"));
     titreCalendrier->setAlignment(Qt::AlignCenter);
     titreCalendrier->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
-    Calendrier = new QCalendarWidget(PanCal);
-    Calendrier->setObjectName(QStringLiteral("Calendrier"));
-    Calendriers::habiller(Calendrier);
-    connect(Calendrier, &QCalendarWidget::clicked, this, [this](const QDate &d) { clicCalendrier(d); });
-    connect(Calendrier, &QCalendarWidget::activated, this, [this](const QDate &d) { clicCalendrier(d); });
     PanCal->resize(kTailleCalendrier);
     titreCalendrier->setGeometry(0, 0, kTailleCalendrier.width(), 24);
-    Calendrier->setGeometry(3, 24, kTailleCalendrier.width() - 6, kTailleCalendrier.height() - 27);
     PanCal->hide();
 }
 
@@ -238,6 +232,15 @@ void FrmAjoutDoc::entreeSaisie(int indice) {
 }
 
 void FrmAjoutDoc::afficherCalendrier(int indice) {
+    // Made at its first use: the calendar is the slowest part of the dialog to build.
+    if (!Calendrier) {
+        Calendrier = new QCalendarWidget(PanCal);
+        Calendrier->setObjectName(QStringLiteral("Calendrier"));
+        Calendriers::habiller(Calendrier);
+        connect(Calendrier, &QCalendarWidget::clicked, this, [this](const QDate &d) { clicCalendrier(d); });
+        connect(Calendrier, &QCalendarWidget::activated, this, [this](const QDate &d) { clicCalendrier(d); });
+        Calendrier->setGeometry(3, 24, kTailleCalendrier.width() - 6, kTailleCalendrier.height() - 27);
+    }
     TagPanCal = indice;
     // The box is free text: what is not a date opens the calendar on today.
     const QString texte = Saisie[indice]->text().trimmed();

@@ -46,7 +46,7 @@ public:
     QPlainTextEdit *RemarquesLignes = nullptr;  // the remarks in the form, in place of Saisie[7]
     BoutonImage *Generer = nullptr;  // the password generator, beside the password box
     QFrame *PanCal = nullptr;
-    QCalendarWidget *Calendrier = nullptr;
+    QCalendarWidget *Calendrier = nullptr;  // made when a date box first asks for it
 
     // The chosen icon's number as text; empty until an icon is chosen (no icon).
     QString Tag;
