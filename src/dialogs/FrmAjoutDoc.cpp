@@ -103,8 +103,19 @@ void FrmAjoutDoc::modifier(const QStringList &champs, int icone, const QPixmap &
     Tag.clear();
     Icone->clear();
     if (icone != 0) choisirIcone(icone, image);
+    // The document as stored: what is put in the boxes from now on is a change.
+    initiaux_.clear();
+    for (int i = 0; i < kNbSaisies; ++i) initiaux_ << texte(i);
+    tagInitial_ = Tag;
     placerControles();
     centrer();
+}
+
+void FrmAjoutDoc::definirTexte(int i, const QString &t) {
+    if (i == kRemarques && modification_)
+        RemarquesLignes->setPlainText(t);
+    else
+        Saisie[i]->setText(t);
 }
 
 QString FrmAjoutDoc::texte(int i) const {
@@ -290,6 +301,7 @@ void FrmAjoutDoc::clicGenerer() {
 }
 
 void FrmAjoutDoc::memoriserEtatInitial() {
+    if (modification_) return;  // the form compares with the document as stored
     initiaux_.clear();
     for (int i = 0; i < kNbSaisies; ++i) initiaux_ << texte(i);
     tagInitial_ = Tag;

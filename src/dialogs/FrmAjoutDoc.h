@@ -35,6 +35,7 @@ public:
     bool modification() const { return modification_; }
     // The text of field i (0 to 7) as it stands, whichever box holds it.
     QString texte(int i) const;
+    void definirTexte(int i, const QString &texte);
 
     std::array<QLineEdit *, kNbSaisies> Saisie{};  // fields 3 to 10 of the document, in order
     std::array<QLabel *, kNbSaisies + 1> Libelle{};  // their captions, then "Icône"

@@ -40,7 +40,13 @@ void frmMain::modifierDocument() {
         Messages::information(manque);
         return;
     }
-    if (!fermerSaisie()) return;
+    // What was typed in the row's boxes goes to the form, where every character is kept.
+    QList<QPair<int, QString>> tapes;
+    if (SaisieVisible) {
+        for (int i = 3; i <= 10; ++i)
+            if (Saisie[i]->isModified() && Saisie[i]->text() != MG->GetColumnInfos(ligne, i)) tapes.append({i, Saisie[i]->text()});
+        annulerSaisie();
+    }
     WB->hide();
     Chargement::Document doc;
     bool lu = false;
@@ -63,6 +69,7 @@ void frmMain::modifierDocument() {
     FrmAjoutDoc dialogue(this);
     dialogue.L[2]->setText(NomDossierCourant.trimmed());
     dialogue.modifier(doc.infos.mid(0, FrmAjoutDoc::kNbSaisies), doc.icone, QPixmap::fromImage(imgCONTENU.imageDeNum(doc.icone)));
+    for (const auto &[indice, texte] : tapes) dialogue.definirTexte(indice - 3, texte);
     montrerDialogueDocument(dialogue);
     MG->Redraw(true);
 }

@@ -264,6 +264,11 @@ bool frmMain::filtrerSaisie(QObject *objet, QEvent *evenement) {
         break;
     case QEvent::KeyPress: {
         const auto *touche = static_cast<QKeyEvent *>(evenement);
+        // Before the box takes it as its own key: the form, with what the boxes hold.
+        if (touche->keyCombination() == kToucheFormulaire) {
+            modifierDocument();
+            return true;
+        }
         switch (touche->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
