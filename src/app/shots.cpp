@@ -13,6 +13,8 @@
 #include "workspace/frmMain.h"
 #include "dialogs/FrmAjoutDoc.h"
 #include "dialogs/FrmAjoutDossier.h"
+#include "dialogs/FrmGenerateur.h"
+#include "store/FrmConfirmationPass.h"
 #include "dialogs/FrmAP.h"
 #include "options/FrmOptions.h"
 #include "search/FrmRecherche.h"
@@ -195,6 +197,23 @@ int main(int argc, char *argv[]) {
     document.Saisie[1]->setText(QStringLiteral("4970 **** 1234"));
     ok &= enregistrer(&document, sortie, QStringLiteral("dialogue_document"));
     document.close();
+    // The form of a document, its remarks on several lines; the generator over it.
+    FrmAjoutDoc formulaire(principale);
+    formulaire.L[2]->setText(QStringLiteral("Courriel"));
+    formulaire.modifier({QStringLiteral("Boîte pro"), QStringLiteral("a.martin@exemple.fr"), QStringLiteral("m@ilB0x"),
+                         QStringLiteral("https://mail.exemple.fr"), QString(), QStringLiteral("01/03/2024"), QString(),
+                         QStringLiteral("Transférée vers La Poste le 2 mars.\nDouble facteur : téléphone de bureau.")},
+                        3, QPixmap::fromImage(principale->imgCONTENU.image(3)));
+    ok &= enregistrer(&formulaire, sortie, QStringLiteral("formulaire"));
+    FrmGenerateur generateur(&formulaire);
+    generateur.Afficher->click();
+    ok &= enregistrer(&generateur, sortie, QStringLiteral("generateur"));
+    generateur.close();
+    formulaire.close();
+    FrmConfirmationPass confirmation(QStringLiteral("camille"));
+    confirmation.Pass->setText(QStringLiteral("nouveau"));
+    ok &= enregistrer(&confirmation, sortie, QStringLiteral("confirmation_compte"));
+    confirmation.close();
 
     FrmModifLogin modif;
     ok &= enregistrer(&modif, sortie, QStringLiteral("modif_login"));

@@ -6,8 +6,10 @@
 #include "ui/Messages.h"
 #include "workspace/frmMain.h"
 
+#include <QCloseEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QShowEvent>
 
 namespace {
 constexpr int kLigneTitre = 0;     // the grid's title row: its band
@@ -86,3 +88,34 @@ void FenetreDialogue::finDeplacement() {
     if (principale_ && principale_->MG) principale_->MG->Redraw(true);
 }
 
+
+void FenetreDialogue::showEvent(QShowEvent *e) {
+    FenetreCadre::showEvent(e);
+    if (e->spontaneous()) return;
+    enregistre_ = false;
+    memoriserEtatInitial();
+}
+
+void FenetreDialogue::fermerEnregistre() {
+    enregistre_ = true;
+    close();
+}
+
+void FenetreDialogue::closeEvent(QCloseEvent *e) {
+    // Escape, the close button, the desktop or a change of account: what was typed is
+    // stored or dropped by the user's answer, never without a word.
+    if (!enregistre_ && isVisible() && modifie()) {
+        switch (Messages::questionAnnulable(QStringLiteral("Enregistrer les modifications ?"))) {
+        case Messages::Reponse::Oui:
+            if (enregistrer()) break;
+            e->ignore();
+            return;
+        case Messages::Reponse::Non:
+            break;
+        case Messages::Reponse::Annuler:
+            e->ignore();
+            return;
+        }
+    }
+    FenetreCadre::closeEvent(e);
+}

@@ -48,6 +48,20 @@ protected:
 
     void finDeplacement() override;
 
+    // A dialog whose typing may be lost: what it holds differs from what it showed when
+    // it came up (noted by memoriserEtatInitial at that moment). Closing it other than
+    // by its own store then asks whether to store, and enregistrer does it.
+    virtual void memoriserEtatInitial() {}
+    virtual bool modifie() const { return false; }
+    // Stores what the dialog holds; false, the reason told, keeps it open.
+    virtual bool enregistrer() { return true; }
+    // Closes after a store, without the question.
+    void fermerEnregistre();
+
+    void showEvent(QShowEvent *e) override;
+    void closeEvent(QCloseEvent *e) override;
+
 private:
     QPointer<frmMain> principale_;
+    bool enregistre_ = false;
 };

@@ -1,8 +1,11 @@
 #include "FrmAjoutDoc.h"
 
+#include "FrmGenerateur.h"
 #include "store/Base.h"
+#include "store/Cryptage.h"
 #include "store/Def.h"
 #include "store/Reglages.h"
+#include "ui/Art.h"
 #include "ui/BoutonImage.h"
 #include "ui/Calendriers.h"
 #include "ui/Chaines.h"
@@ -19,6 +22,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <algorithm>
 #include <limits>
 
@@ -36,12 +40,15 @@ constexpr int kHautBande = 30;
 constexpr int kHautPremiereLigne = kMarge + kHautBande + 12;
 constexpr int kPasLigne = 32;
 constexpr int kHautLigne = 26;
+constexpr int kHautRemarques = 4 * kPasLigne - (kPasLigne - kHautLigne);  // the form's remarks: four rows
+constexpr int kCoteBoutonChamp = 26;  // a button beside a box
+constexpr int kRemarques = 7;
 constexpr int kCoteCadreIcone = 42;
 constexpr int kCoteIcone = 32;
 constexpr QSize kTailleCalendrier(284, 204);
 
 // The picture of MIcone, in the colours of the artwork: a framed landscape.
-QPixmap imageChoixIcone() {
+QPixmap dessinerChoixIcone() {
     QPixmap image(24, 24);
     image.fill(Qt::transparent);
     QPainter p(&image);
@@ -54,6 +61,11 @@ QPixmap imageChoixIcone() {
     p.drawEllipse(QPointF(8, 9.5), 2.2, 2.2);
     p.setBrush(QColor(0x2e, 0x3f, 0x66));
     p.drawPolygon(QPolygonF({QPointF(4, 18), QPointF(10, 12), QPointF(13, 15), QPointF(16, 11), QPointF(20, 18)}));
+    return image;
+}
+
+const QPixmap &imageChoixIcone() {
+    static const QPixmap image = dessinerChoixIcone();
     return image;
 }
 
@@ -75,11 +87,45 @@ int ChercherNouveauNumDocument() {
 
 FrmAjoutDoc::FrmAjoutDoc(frmMain *principale) : FenetreDialogue(principale) {
     setObjectName(QStringLiteral("FrmAjoutDoc"));
-    definirTailleContenu(QSize(kLargeurContenu, kHautPremiereLigne + kNbSaisies * kPasLigne + kCoteCadreIcone + kMarge - 2));
-    centrer();
     creerControles();
     placerControles();
+    centrer();
     chargerImagesStock();
+}
+
+void FrmAjoutDoc::modifier(const QStringList &champs, int icone, const QPixmap &image) {
+    modification_ = true;
+    L[1]->setText(QStringLiteral("Modification d'un document"));
+    for (int i = 0; i < kNbSaisies; ++i) Saisie[i]->setText(champs.value(i));
+    RemarquesLignes->setPlainText(champs.value(kRemarques));
+    Saisie[kRemarques]->hide();
+    RemarquesLignes->show();
+    setTabOrder(Saisie[kRemarques - 1], RemarquesLignes);
+    Tag.clear();
+    Icone->clear();
+    if (icone != 0) choisirIcone(icone, image);
+    // The document as stored: what is put in the boxes from now on is a change.
+    initiaux_.clear();
+    for (int i = 0; i < kNbSaisies; ++i) initiaux_ << texte(i);
+    tagInitial_ = Tag;
+    placerControles();
+    centrer();
+}
+
+void FrmAjoutDoc::definirTexte(int i, const QString &t) {
+    if (i == kRemarques && modification_)
+        RemarquesLignes->setPlainText(t);
+    else
+        Saisie[i]->setText(t);
+}
+
+QString FrmAjoutDoc::texte(int i) const {
+    return i == kRemarques && modification_ ? RemarquesLignes->toPlainText() : Saisie[i]->text();
+}
+
+QWidget *FrmAjoutDoc::boite(int i) const {
+    if (i == kRemarques && modification_) return RemarquesLignes;
+    return Saisie[i];
 }
 
 void FrmAjoutDoc::creerControles() {
@@ -115,6 +161,19 @@ void FrmAjoutDoc::creerControles() {
     // The password is typed hidden; the eye at the box's end shows it.
     SaisieSecrete::equiper(Saisie[2]);
 
+    RemarquesLignes = new QPlainTextEdit(FondBleu);
+    RemarquesLignes->setObjectName(QStringLiteral("RemarquesLignes"));
+    RemarquesLignes->setTabChangesFocus(true);
+    LimiteSaisie::limiter(RemarquesLignes, Def::kLongueurChamp);
+    RemarquesLignes->installEventFilter(this);
+    RemarquesLignes->hide();
+
+    Generer = new BoutonImage(FondBleu);
+    Generer->setObjectName(QStringLiteral("Generer"));
+    Generer->definirImages(Art::iconeTheme(QStringLiteral("password-generator"), 22));
+    Generer->setToolTip(QStringLiteral("Générer un mot de passe (Ctrl+G)"));
+    connect(Generer, &QAbstractButton::clicked, this, [this] { clicGenerer(); });
+
     ShapeIcone = new QFrame(FondBleu);
     ShapeIcone->setObjectName(QStringLiteral("ShapeIcone"));
     ShapeIcone->setStyleSheet(QStringLiteral("#ShapeIcone { background: #ffffff; border: 1px solid #8c98b0; border-radius: 4px; }"));
@@ -142,18 +201,15 @@ void FrmAjoutDoc::creerControles() {
     titreCalendrier->setObjectName(QStringLiteral("TitrePanCal"));
     titreCalendrier->setAlignment(Qt::AlignCenter);
     titreCalendrier->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
-    Calendrier = new QCalendarWidget(PanCal);
-    Calendrier->setObjectName(QStringLiteral("Calendrier"));
-    Calendriers::habiller(Calendrier);
-    connect(Calendrier, &QCalendarWidget::clicked, this, [this](const QDate &d) { clicCalendrier(d); });
-    connect(Calendrier, &QCalendarWidget::activated, this, [this](const QDate &d) { clicCalendrier(d); });
     PanCal->resize(kTailleCalendrier);
     titreCalendrier->setGeometry(0, 0, kTailleCalendrier.width(), 24);
-    Calendrier->setGeometry(3, 24, kTailleCalendrier.width() - 6, kTailleCalendrier.height() - 27);
     PanCal->hide();
 }
 
 void FrmAjoutDoc::placerControles() {
+    const int hautRemarques = modification_ ? kHautRemarques : kHautLigne;
+    const int hautIcone = kHautPremiereLigne + (kNbSaisies - 1) * kPasLigne + hautRemarques + (kPasLigne - kHautLigne) - 2;
+    definirTailleContenu(QSize(kLargeurContenu, hautIcone + kCoteCadreIcone + kMarge));
     Fond[1]->setGeometry(kMarge, kMarge, kLargeurContenu - 2 * kMarge, kHautBande);
     Fond[2]->setGeometry(kMarge + 4, kMarge, 24, kHautBande);
     L[0]->setGeometry(kMarge + 32, kMarge, kGaucheSaisie - kMarge - 32, kHautBande);
@@ -163,7 +219,11 @@ void FrmAjoutDoc::placerControles() {
         Libelle[i]->setGeometry(kMarge, haut, kLargeurLibelle, kHautLigne);
         Saisie[i]->setGeometry(kGaucheSaisie, haut, kLargeurSaisie, kHautLigne);
     }
-    const int hautIcone = kHautPremiereLigne + kNbSaisies * kPasLigne - 2;
+    RemarquesLignes->setGeometry(Saisie[kRemarques]->x(), Saisie[kRemarques]->y(), kLargeurSaisie, hautRemarques);
+    // The generator at the end of the password's row, beside the box and its eye.
+    QLineEdit *pass = Saisie[kMotDePasse];
+    pass->setGeometry(pass->x(), pass->y(), kLargeurSaisie - kCoteBoutonChamp - 4, kHautLigne);
+    Generer->setGeometry(kGaucheSaisie + kLargeurSaisie - kCoteBoutonChamp, pass->y(), kCoteBoutonChamp, kHautLigne);
     Libelle[8]->setGeometry(kMarge, hautIcone + (kCoteCadreIcone - kHautLigne) / 2, kLargeurLibelle, kHautLigne);
     ShapeIcone->setGeometry(kGaucheSaisie, hautIcone, kCoteCadreIcone, kCoteCadreIcone);
     Icone->setGeometry((kCoteCadreIcone - kCoteIcone) / 2, (kCoteCadreIcone - kCoteIcone) / 2, kCoteIcone, kCoteIcone);
@@ -186,6 +246,15 @@ void FrmAjoutDoc::entreeSaisie(int indice) {
 }
 
 void FrmAjoutDoc::afficherCalendrier(int indice) {
+    // Made at its first use: the calendar is the slowest part of the dialog to build.
+    if (!Calendrier) {
+        Calendrier = new QCalendarWidget(PanCal);
+        Calendrier->setObjectName(QStringLiteral("Calendrier"));
+        Calendriers::habiller(Calendrier);
+        connect(Calendrier, &QCalendarWidget::clicked, this, [this](const QDate &d) { clicCalendrier(d); });
+        connect(Calendrier, &QCalendarWidget::activated, this, [this](const QDate &d) { clicCalendrier(d); });
+        Calendrier->setGeometry(3, 24, kTailleCalendrier.width() - 6, kTailleCalendrier.height() - 27);
+    }
     TagPanCal = indice;
     // The box is free text: what is not a date opens the calendar on today.
     const QString texte = Saisie[indice]->text().trimmed();
@@ -221,31 +290,91 @@ void FrmAjoutDoc::clicOK() {
     if (!OK->estEnfonce()) return;
     const bool fait = enregistrer();
     OK->relacher();
-    if (fait) close();
+    if (fait) fermerEnregistre();
+}
+
+void FrmAjoutDoc::clicGenerer() {
+    PanCal->hide();
+    if (!Generer->estEnfonce()) return;
+    Generer->relacher();
+    const QString mot = FrmGenerateur::demander(this);
+    if (mot.isEmpty()) return;
+    Saisie[kMotDePasse]->setText(mot);
+    Saisie[kMotDePasse]->setFocus(Qt::OtherFocusReason);
+}
+
+void FrmAjoutDoc::memoriserEtatInitial() {
+    if (modification_) return;  // the form compares with the document as stored
+    initiaux_.clear();
+    for (int i = 0; i < kNbSaisies; ++i) initiaux_ << texte(i);
+    tagInitial_ = Tag;
+}
+
+bool FrmAjoutDoc::modifie() const {
+    for (int i = 0; i < kNbSaisies; ++i)
+        if (texte(i) != initiaux_.value(i)) return true;
+    return Tag != tagInitial_;
+}
+
+bool FrmAjoutDoc::formesStockees(QList<QPair<int, QString>> &formes, QList<QPair<int, QString>> &textes) {
+    for (int i = 0; i < kNbSaisies; ++i) {
+        const QString t = texte(i);
+        // The form writes only what changed: a field left alone keeps its stored form.
+        if (modification_ && t == initiaux_.value(i)) continue;
+        const std::optional<QString> forme = ChampDuDialogue(t);
+        if (!forme || forme->size() > Def::kLongueurChamp) {
+            Messages::information(QStringLiteral("Le texte du champ « %1 » serait relu autrement qu'il n'est saisi. "
+                                                 "Changez-en un caractère, puis recommencez.")
+                                      .arg(QString::fromUtf8(kCaptions[i])));
+            boite(i)->setFocus();
+            return false;
+        }
+        formes.append({i + 3, *forme});
+        textes.append({i + 3, t});
+    }
+    if (!modification_ || Tag != tagInitial_) {
+        formes.append({11, Tag});
+        textes.append({11, Tag});
+    }
+    return true;
 }
 
 bool FrmAjoutDoc::enregistrer() {
-    if (Saisie[0]->text().trimmed().isEmpty()) {
+    if (texte(0).trimmed().isEmpty()) {
         Messages::information(QStringLiteral("Veuillez saisir le titre, svp !"));
         Saisie[0]->setFocus();
         return false;
     }
+    QList<QPair<int, QString>> formes, textes;
+    if (!formesStockees(formes, textes)) return false;
     qint64 rowid = 0;
     try {
-        const int num = ChercherNouveauNumDocument();
-        QStringList champs;
-        for (const QLineEdit *s : Saisie) champs << s->text();
-        champs << Tag;
-        if (!EcrireDocument(num, champs, &rowid)) {
-            Messages::information(QStringLiteral("Aucun dossier n'est sélectionné : le document n'a pas été enregistré."));
-            return false;
+        if (modification_) {
+            if (formes.isEmpty()) return true;
+            if (!ModifierDocument(formes)) {
+                Messages::information(QStringLiteral("Aucun document n'est sélectionné : rien n'a été enregistré."));
+                return false;
+            }
+        } else {
+            const int num = ChercherNouveauNumDocument();
+            QStringList champs;
+            for (const auto &champ : formes) champs << champ.second;
+            if (!EcrireDocument(num, champs, &rowid)) {
+                Messages::information(QStringLiteral("Aucun dossier n'est sélectionné : le document n'a pas été enregistré."));
+                return false;
+            }
         }
     } catch (const Base::ErreurBase &e) {
         // Nothing was written; the dialog stays open with what was typed.
         Messages::information(e.message());
         return false;
     }
-    if (principale()) principale()->documentAjoute(rowid);
+    if (principale()) {
+        if (modification_)
+            principale()->documentModifie(textes);
+        else
+            principale()->documentAjoute(rowid);
+    }
     return true;
 }
 
@@ -256,10 +385,15 @@ void FrmAjoutDoc::keyPressEvent(QKeyEvent *e) {
         if (TagPanCal == kDateDebut || TagPanCal == kDateFin) Saisie[TagPanCal]->setFocus(Qt::OtherFocusReason);
         return;
     }
-    // The keyboard's way to the icon picker, as a click on MIcone.
+    // The keyboard's ways to the icon picker and the generator, as clicks on their buttons.
     if (e->key() == Qt::Key_I && e->modifiers() == Qt::ControlModifier) {
         MIcone->enfoncer();
         clicMIcone();
+        return;
+    }
+    if (e->key() == Qt::Key_G && e->modifiers() == Qt::ControlModifier) {
+        Generer->enfoncer();
+        clicGenerer();
         return;
     }
     FenetreDialogue::keyPressEvent(e);
@@ -267,6 +401,18 @@ void FrmAjoutDoc::keyPressEvent(QKeyEvent *e) {
 
 bool FrmAjoutDoc::eventFilter(QObject *objet, QEvent *evenement) {
     const QEvent::Type type = evenement->type();
+    if (objet == RemarquesLignes) {
+        // Enter makes a new line in the remarks; Ctrl+Enter stores, as Enter does elsewhere.
+        if (type == QEvent::FocusIn) PanCal->hide();
+        const auto *touche = static_cast<QKeyEvent *>(evenement);
+        if (type == QEvent::KeyPress && (touche->key() == Qt::Key_Return || touche->key() == Qt::Key_Enter) &&
+            touche->modifiers() & Qt::ControlModifier) {
+            OK->enfoncer();
+            clicOK();
+            return true;
+        }
+        return FenetreDialogue::eventFilter(objet, evenement);
+    }
     if (type == QEvent::FocusIn) {
         // Coming back to the window, or out of a context menu, is no entry in a box.
         const Qt::FocusReason raison = static_cast<QFocusEvent *>(evenement)->reason();

@@ -53,8 +53,12 @@ void FrmAjoutDossier::clicOK() {
     if (!OK->estEnfonce()) return;
     const bool fait = enregistrer();
     OK->relacher();
-    if (fait) close();
+    if (fait) fermerEnregistre();
 }
+
+void FrmAjoutDossier::memoriserEtatInitial() { nomInitial_ = Saisie->text(); }
+
+bool FrmAjoutDossier::modifie() const { return Saisie->text() != nomInitial_; }
 
 bool FrmAjoutDossier::enregistrer() {
     if (Saisie->text().trimmed().isEmpty()) {

@@ -21,7 +21,12 @@ public:
     std::array<QLabel *, 2> L{};  // 0 the caption, 1 the heading
     BoutonImage *OK = nullptr;
 
+protected:
+    void memoriserEtatInitial() override;
+    bool modifie() const override;
+    bool enregistrer() override;
+
 private:
     void clicOK();
-    bool enregistrer();
+    QString nomInitial_;
 };

@@ -45,15 +45,6 @@ const QRect kPage(8, kHautOnglets + 6, kLargeurContenu - 16, kHautContenu - kHau
 const Reglages::Cle kClesCouleurs[6] = {Reglages::Cle::Backcolor,      Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
                                          Reglages::Cle::CouleurParent, Reglages::Cle::CouleurFils,  Reglages::Cle::CouleurSelection};
 
-// Options and check boxes drawn in the program's colours, their mark always visible.
-const QString kStyleChoix = QStringLiteral(
-    "QRadioButton, QCheckBox { color: #1f2a44; font-weight: bold; background: transparent; spacing: 8px; }"
-    "QRadioButton::indicator { width: 12px; height: 12px; border-radius: 7px; border: 2px solid #2e3f66; background: #ffffff; }"
-    "QRadioButton::indicator:checked { background: #e0a526; }"
-    "QCheckBox::indicator { width: 13px; height: 13px; border: 2px solid #2e3f66; border-radius: 3px; background: #ffffff; }"
-    "QCheckBox::indicator:checked { background: #e0a526; }"
-    "QRadioButton:focus, QCheckBox:focus { text-decoration: underline; }");
-
 }  // namespace
 
 const QString FrmOptions::kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
@@ -113,7 +104,7 @@ void FrmOptions::creerPages() {
     for (int i = 0; i < 4; ++i) {
         OExport[i] = new QRadioButton(Chaine(150 + i), P[0]);
         OExport[i]->setObjectName(QStringLiteral("OExport%1").arg(i));
-        OExport[i]->setStyleSheet(kStyleChoix);
+        OExport[i]->setStyleSheet(FenetreCadre::kStyleChoix);
         OExport[i]->setGeometry(12 + i * 110, 10, 104, 24);
         connect(OExport[i], &QRadioButton::clicked, this, [this, i] { choisirExport(i); });
     }
@@ -129,7 +120,7 @@ void FrmOptions::creerPages() {
     for (int i = 0; i < 8; ++i) {
         Info[i] = new QCheckBox(Chaine(110 + i), P[1]);
         Info[i]->setObjectName(QStringLiteral("Info%1").arg(i));
-        Info[i]->setStyleSheet(kStyleChoix);
+        Info[i]->setStyleSheet(FenetreCadre::kStyleChoix);
         Info[i]->setChecked(Reglages::colonneVisible(i));
         Info[i]->setGeometry(24 + (i / 4) * 260, 24 + (i % 4) * 40, 240, 28);
         connect(Info[i], &QCheckBox::clicked, this, [i](bool coche) { Reglages::ecrireColonneVisible(i, coche); });

@@ -242,28 +242,50 @@ QString MessageHorsAlphabet(const QString &texte) {
 }
 
 namespace {
-// Deciphers n characters of any 16-bit or 8-bit unit, three at a time.
+// Deciphers n characters of any 16-bit or 8-bit unit, three at a time. A piece that
+// is no code passes as it stands; with exact, only when the cipher could have left
+// it so (characters outside its alphabet), else false, resultat unspecified.
 template <typename Unite>
-QString dechiffrer(const Unite *d, qsizetype n) {
+bool dechiffrer(const Unite *d, qsizetype n, QString &resultat, bool exact) {
     const auto &index = Cryptage::indexDechiffrement();
     const auto &table = Cryptage::TableCodes();
-    QString resultat(n, Qt::Uninitialized);
+    const auto &alphabet = Cryptage::indexChiffrement();
+    auto passe = [&](qsizetype debut, qsizetype fin, QChar *&sortie) {
+        for (qsizetype i = debut; i < fin; ++i) {
+            if (exact && alphabet.ligne(char16_t(d[i])) >= 0) return false;
+            *sortie++ = QChar(char16_t(d[i]));
+        }
+        return true;
+    };
+    resultat.resize(n);
     QChar *sortie = resultat.data();
     qsizetype pos = 0;
     for (; pos + 3 <= n; pos += 3) {
         const int ligne = index.ligne(char16_t(d[pos]), char16_t(d[pos + 1]), char16_t(d[pos + 2]));
-        if (ligne >= 0) {
+        if (ligne >= 0)
             *sortie++ = QChar(table[ligne].clair);
-        } else {
-            *sortie++ = QChar(char16_t(d[pos]));
-            *sortie++ = QChar(char16_t(d[pos + 1]));
-            *sortie++ = QChar(char16_t(d[pos + 2]));
-        }
+        else if (!passe(pos, pos + 3, sortie))
+            return false;
     }
     // A tail of one or two characters can match no code.
-    for (; pos < n; ++pos) *sortie++ = QChar(char16_t(d[pos]));
+    if (!passe(pos, n, sortie)) return false;
     resultat.truncate(sortie - resultat.constData());
+    return true;
+}
+
+template <typename Unite>
+QString dechiffrer(const Unite *d, qsizetype n) {
+    QString resultat;
+    dechiffrer(d, n, resultat, false);
     return resultat;
+}
+
+// Stored text is ASCII but for characters the cipher passed through and the degree
+// sign: those go through a proper decoding first.
+bool estAscii(QByteArrayView utf8) {
+    for (const char c : utf8)
+        if (static_cast<unsigned char>(c) >= 0x80) return false;
+    return true;
 }
 }  // namespace
 
@@ -278,10 +300,26 @@ QString DecrypterChamp(const QString &texte) { return DecrypterChamp(QStringView
 
 QString DecrypterChamp(QStringView texte) { return dechiffrer(texte.utf16(), texte.size()); }
 
+QString LireChampDocument(QStringView stocke) {
+    QString clair;
+    return dechiffrer(stocke.utf16(), stocke.size(), clair, true) ? clair : stocke.toString();
+}
+
+QString LireChampDocument(QByteArrayView utf8) {
+    if (!estAscii(utf8)) return LireChampDocument(depuisUtf8(utf8));
+    QString clair;
+    const auto *octets = reinterpret_cast<const unsigned char *>(utf8.data());
+    return dechiffrer(octets, utf8.size(), clair, true) ? clair : QString::fromLatin1(utf8);
+}
+
+std::optional<QString> ChampDuDialogue(const QString &texte) {
+    if (LireChampDocument(texte) == texte) return texte;
+    const QString chiffre = CrypterChamp(texte);
+    if (LireChampDocument(chiffre) == texte) return chiffre;
+    return std::nullopt;
+}
+
 QString DecrypterChamp(QByteArrayView utf8) {
-    // Stored text is ASCII but for characters the cipher passed through: those go
-    // through a proper decoding first.
-    for (const char c : utf8)
-        if (static_cast<unsigned char>(c) >= 0x80) return DecrypterChamp(depuisUtf8(utf8));
+    if (!estAscii(utf8)) return DecrypterChamp(depuisUtf8(utf8));
     return dechiffrer(reinterpret_cast<const unsigned char *>(utf8.data()), utf8.size());
 }

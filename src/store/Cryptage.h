@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <optional>
 
 namespace Cryptage {
 
@@ -41,3 +42,15 @@ QString DecrypterChamp(QByteArrayView utf8);
 // UTF-8 bytes read from the base as text, every character kept: a leading U+FEFF
 // is a character of the field, not a header.
 QString depuisUtf8(QByteArrayView utf8);
+
+// A field of a document as the load shows it: deciphered when the stored text is
+// wholly the cipher's work, codes on the three-character grid and, between them,
+// characters outside the alphabet that it passes through; else as the base holds
+// it, so that a text stored as typed never comes back altered.
+QString LireChampDocument(QStringView stocke);
+QString LireChampDocument(QByteArrayView utf8);
+
+// What the document dialog stores for a typed text so that the load gives it back:
+// the text as typed, or enciphered when the load would take it for codes. None when
+// neither reads back (codes mixed with a character outside the alphabet).
+std::optional<QString> ChampDuDialogue(const QString &texte);

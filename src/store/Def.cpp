@@ -192,6 +192,17 @@ bool EcrireDocument(int num, const QStringList &champs, qint64 *rowidEcrit) {
     return true;
 }
 
+bool ModifierDocument(const QList<QPair<int, QString>> &champs) {
+    Def::CleDocument cle;
+    if (!Def::cleSelection(&cle)) return false;
+    Connexion c;
+    c.debutTransaction();
+    const qint64 rowid = Def::rowidSelection(c, cle);
+    for (const auto &[indice, valeur] : champs) Def::ecrireChamp(c, rowid, indice, valeur);
+    c.valider();
+    return true;
+}
+
 bool EcrireDossier(const QString &nom, int num, qint64 *rowidEcrit) {
     Connexion c;
     const QString coupe = Def::couperChamp(nom);

@@ -3,6 +3,7 @@
 // file association and the quit question.
 
 #include <QByteArray>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -57,6 +58,10 @@ bool EcrireChampDocument(int indice, const QString &valeur, int num);
 // A whole new document (fields 3 to 11) written in one go: all of it or nothing.
 // rowid, when given, receives the row written.
 bool EcrireDocument(int num, const QStringList &champs, qint64 *rowid = nullptr);
+// Fields of the selected document (3 to 11, in their stored form) written over its
+// row, all in one go. False when the grid has no document selected; throws
+// Base::ErreurBase when its row has left the base.
+bool ModifierDocument(const QList<QPair<int, QString>> &champs);
 bool EcrireDossier(const QString &nom, int num, qint64 *rowid = nullptr);
 
 // The whole content of a file, one character a byte. Throws std::runtime_error

@@ -4,6 +4,7 @@
 #include "Comptes.h"
 #include "Cryptage.h"
 #include "Def.h"
+#include "FrmConfirmationPass.h"
 #include "Reglages.h"
 #include "Session.h"
 #include "ui/Art.h"
@@ -169,6 +170,16 @@ void FrmLogin::ChercherLogin() {
         if (const QString refus = MessageHorsAlphabet(Pass->text()); !refus.isEmpty()) {
             Messages::information(refus);
             Pass->setFocus();
+            return;
+        }
+        switch (FrmConfirmationPass::confirmer(Login->currentText(), Pass->text(), this)) {
+        case FrmConfirmationPass::Resultat::Confirme:
+            break;
+        case FrmConfirmationPass::Resultat::Different:
+            Messages::information(QStringLiteral("Les deux mots de passe ne sont pas identiques : le compte n'a pas été créé."));
+            Pass->setFocus();
+            return;
+        case FrmConfirmationPass::Resultat::Annule:
             return;
         }
         // The number is allotted now, whatever path led here: Enter in the login box

@@ -3,6 +3,7 @@
 #include <memory>
 #include <unordered_map>
 #include <QFileInfo>
+#include <QHash>
 #include <QIcon>
 #include <QPainter>
 #include <QStandardPaths>
@@ -65,6 +66,9 @@ void choisirTheme() {
 
 QPixmap iconeTheme(const QString &nom, int cote) {
     choisirTheme();
+    // Drawn once a run: windows that come and go find their pictures ready.
+    static QHash<QPair<QString, int>, QPixmap> faites;
+    if (const auto it = faites.constFind({nom, cote}); it != faites.constEnd()) return *it;
     // The action set's drawings, whatever size the theme would otherwise pick from
     // other sets in other styles.
     const QString fichier = QStringLiteral("Papirus/24x24/actions/%1.svg").arg(nom);
@@ -75,8 +79,9 @@ QPixmap iconeTheme(const QString &nom, int cote) {
             break;
         }
     if (icone.isNull()) icone = QIcon::fromTheme(nom);
-    if (icone.isNull()) return pixmap(QStringLiteral("korvane"), QSize(cote, cote));
-    return icone.pixmap(QSize(cote, cote));
+    const QPixmap image = icone.isNull() ? pixmap(QStringLiteral("korvane"), QSize(cote, cote)) : icone.pixmap(QSize(cote, cote));
+    faites.insert({nom, cote}, image);
+    return image;
 }
 
 bool dessiner(QPainter &p, const QString &nom, const QRectF &rect) {

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPainter>
 
 PanneauImage::PanneauImage(const QString &art, Mode mode, QWidget *parent)
@@ -53,6 +54,14 @@ void PanneauImage::paintEvent(QPaintEvent *) {
     }
 }
 
+const QString FenetreCadre::kStyleChoix = QStringLiteral(
+    "QRadioButton, QCheckBox { color: #1f2a44; font-weight: bold; background: transparent; spacing: 8px; }"
+    "QRadioButton::indicator { width: 12px; height: 12px; border-radius: 7px; border: 2px solid #2e3f66; background: #ffffff; }"
+    "QRadioButton::indicator:checked { background: #e0a526; }"
+    "QCheckBox::indicator { width: 13px; height: 13px; border: 2px solid #2e3f66; border-radius: 3px; background: #ffffff; }"
+    "QCheckBox::indicator:checked { background: #e0a526; }"
+    "QRadioButton:focus, QCheckBox:focus { text-decoration: underline; }");
+
 FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::FramelessWindowHint) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     Fond[0] = new PanneauImage(QStringLiteral("enteteh"), PanneauImage::Mode::Etire, this);
@@ -84,14 +93,32 @@ FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::F
     });
 }
 
+namespace {
+std::function<void(FenetreCadre *)> &preparationModale() {
+    static std::function<void(FenetreCadre *)> preparation;
+    return preparation;
+}
+}  // namespace
+
+void FenetreCadre::definirPreparationModale(std::function<void(FenetreCadre *)> preparation) {
+    preparationModale() = std::move(preparation);
+}
+
 void FenetreCadre::executer() {
     setWindowModality(parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
     show();
     activateWindow();
+    if (preparationModale()) preparationModale()(this);
     QEventLoop boucle;
     connect(this, &FenetreCadre::fermee, &boucle, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &boucle, &QEventLoop::quit);
+    const QPointer<FenetreCadre> fenetre(this);
     boucle.exec();
+    if (!fenetre) return;
+    // The keyboard goes back to the window underneath, even on a desktop that would
+    // leave it to no window.
+    if (QWidget *dessous = parentWidget() ? parentWidget()->window() : nullptr; dessous && dessous->isVisible())
+        dessous->activateWindow();
 }
 
 void FenetreCadre::closeEvent(QCloseEvent *e) {

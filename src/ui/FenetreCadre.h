@@ -6,6 +6,7 @@
 #include <QPoint>
 #include <QWidget>
 #include <array>
+#include <functional>
 
 class BoutonImage;
 class QLabel;
@@ -53,6 +54,9 @@ public:
 
     explicit FenetreCadre(QWidget *parent = nullptr);
 
+    // Options and check boxes drawn in the program's colours, their mark always visible.
+    static const QString kStyleChoix;
+
     // Frame parts, by their place: 0 top strip, 3 left edge, 4 right edge.
     std::array<PanneauImage *, 5> Fond{};
     PanneauImage *EnteteB = nullptr;   // bottom strip
@@ -67,6 +71,8 @@ public:
     bool deplacementEnCours() const { return DeplacementEnCours; }
     // Shows the window modal (over its parent when it has one) and returns when it is closed.
     void executer();
+    // Tests answer the modal windows: this runs on each one shown by executer, before it waits.
+    static void definirPreparationModale(std::function<void(FenetreCadre *)> preparation);
 
     // The confirm button every dialog has, in the content area.
     BoutonImage *creerBoutonOK();

@@ -3,7 +3,9 @@
 #include "Messages.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QValidator>
+#include <memory>
 
 namespace LimiteSaisie {
 
@@ -23,14 +25,39 @@ private:
     int caracteres_;
     qsizetype avant_;
 };
+
+void direLimite(int caracteres) {
+    Messages::information(QStringLiteral("Ce champ contient au plus %1 caractères : le texte qui l'aurait dépassé "
+                                         "n'a pas été ajouté. Raccourcissez-le, puis recommencez.")
+                              .arg(caracteres));
+}
 }  // namespace
 
 void limiter(QLineEdit *boite, int caracteres) {
     boite->setValidator(new Limite(boite, caracteres));
-    QObject::connect(boite, &QLineEdit::inputRejected, boite, [caracteres] {
-        Messages::information(QStringLiteral("Ce champ contient au plus %1 caractères : le texte qui l'aurait dépassé "
-                                             "n'a pas été ajouté. Raccourcissez-le, puis recommencez.")
-                                  .arg(caracteres));
+    QObject::connect(boite, &QLineEdit::inputRejected, boite, [caracteres] { direLimite(caracteres); });
+}
+
+void limiter(QPlainTextEdit *boite, int caracteres) {
+    // A box of several lines has no validator: an edit that goes past the limit is
+    // taken back as soon as it is made, the cursor where it was.
+    auto avant = std::make_shared<QString>(boite->toPlainText());
+    QObject::connect(boite, &QPlainTextEdit::textChanged, boite, [boite, caracteres, avant] {
+        const QString texte = boite->toPlainText();
+        if (texte.size() <= caracteres || texte.size() <= avant->size()) {
+            *avant = texte;
+            return;
+        }
+        const qsizetype position = qBound(qsizetype(0), boite->textCursor().position() - (texte.size() - avant->size()),
+                                          avant->size());
+        {
+            const QSignalBlocker bloque(boite);
+            boite->setPlainText(*avant);
+        }
+        QTextCursor curseur = boite->textCursor();
+        curseur.setPosition(int(position));
+        boite->setTextCursor(curseur);
+        direLimite(caracteres);
     });
 }
 

@@ -4,9 +4,11 @@
 // rather than cut without a word.
 
 class QLineEdit;
+class QPlainTextEdit;
 
 namespace LimiteSaisie {
 
 void limiter(QLineEdit *boite, int caracteres);
+void limiter(QPlainTextEdit *boite, int caracteres);
 
 }  // namespace LimiteSaisie

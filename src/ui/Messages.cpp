@@ -12,7 +12,7 @@ const QString kTitre = QStringLiteral("Korvane");
 namespace {
 struct EtatTest {
     bool actif = false;
-    QList<bool> reponses;
+    QList<Reponse> reponses;
     QStringList affiches;
 };
 EtatTest &etat() {
@@ -47,7 +47,7 @@ void information(const QString &texte) {
 bool question(const QString &texte) {
     if (etat().actif) {
         etat().affiches.append(texte);
-        return etat().reponses.isEmpty() ? false : etat().reponses.takeFirst();
+        return !etat().reponses.isEmpty() && etat().reponses.takeFirst() == Reponse::Oui;
     }
     if (sansFenetre()) {
         std::fprintf(stderr, "%s\n", qPrintable(texte));
@@ -62,13 +62,38 @@ bool question(const QString &texte) {
     return boite.clickedButton() == oui;
 }
 
+Reponse questionAnnulable(const QString &texte) {
+    if (etat().actif) {
+        etat().affiches.append(texte);
+        return etat().reponses.isEmpty() ? Reponse::Non : etat().reponses.takeFirst();
+    }
+    if (sansFenetre()) {
+        std::fprintf(stderr, "%s\n", qPrintable(texte));
+        return Reponse::Annuler;
+    }
+    QMessageBox boite(QMessageBox::Question, kTitre, texte, QMessageBox::NoButton, parentActif());
+    QPushButton *oui = boite.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);
+    QPushButton *non = boite.addButton(QStringLiteral("Non"), QMessageBox::NoRole);
+    QPushButton *annuler = boite.addButton(QStringLiteral("Annuler"), QMessageBox::RejectRole);
+    boite.setDefaultButton(oui);
+    boite.setEscapeButton(annuler);
+    boite.exec();
+    if (boite.clickedButton() == oui) return Reponse::Oui;
+    return boite.clickedButton() == non ? Reponse::Non : Reponse::Annuler;
+}
+
 void preparerPourTests() {
     etat().actif = true;
     etat().reponses.clear();
     etat().affiches.clear();
 }
 
-void prevoirReponses(const QList<bool> &reponses) { etat().reponses = reponses; }
+void prevoirReponses(const QList<bool> &reponses) {
+    etat().reponses.clear();
+    for (const bool r : reponses) etat().reponses.append(r ? Reponse::Oui : Reponse::Non);
+}
+
+void prevoirReponsesAnnulables(const QList<Reponse> &reponses) { etat().reponses = reponses; }
 
 QStringList affiches() {
     QStringList l;

@@ -33,7 +33,7 @@ constexpr const char *kColonnesDocument =
 // A row of kColonnesDocument as the grid receives it.
 void lireDocument(const Requete &r, Document &d) {
     d.infos.clear();
-    for (int j = 2; j < 2 + kChampsTexte; ++j) d.infos.append(r.estNull(j) ? QString() : DecrypterChamp(r.texteUtf8(j)));
+    for (int j = 2; j < 2 + kChampsTexte; ++j) d.infos.append(r.estNull(j) ? QString() : LireChampDocument(r.texteUtf8(j)));
     d.num = r.texte(0);
     d.dossier = r.texte(1);
     d.icone = r.entier(2 + kChampsTexte);

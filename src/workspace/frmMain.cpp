@@ -110,9 +110,14 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     connect(MG, &MyCoolGrid::EditionDemandee, this, [this] { executerTouche(QKeyCombination(Qt::Key_F2)); });
     connect(MG, &MyCoolGrid::SuppressionDemandee, this, [this] { supprimerSelection(); });
     connect(MG, &MyCoolGrid::MenuDemande, this, [this](const QPoint &position) { menuLigne(position); });
-    // The double click is free elsewhere: on a document's URL it opens it.
+    // A double click on a document opens its URL from the URL cell, its form from any
+    // other cell; on a folder the click has done its work.
     connect(MG, &MyCoolGrid::DoubleClicCellule, this, [this](int ligne, int colonne) {
-        if (colonne == 6 && ligne == MG->LigneCourante && !MG->IsLigneParent(ligne)) ouvrirUrl();
+        if (ligne < 2 || ligne != MG->LigneCourante || MG->IsLigneParent(ligne)) return;
+        if (colonne == 6)
+            ouvrirUrl();
+        else
+            modifierDocument();
     });
     MG->definirMotsDePasseVisibles(Reglages::lireNombre(Reglages::Cle::MotsDePasse) != 0);
     // A press or a key in the grid ends an edit before the selection moves.

@@ -48,6 +48,14 @@ public:
     void dossierEcrit(qint64 rowid);
     void dossierSupprime(int ligne);
     void documentSupprime(int ligne);
+    // The selected document's fields written by its form (3 to 10, as the user typed
+    // them, and 11 the icon): its row shows them, as after an edit in place.
+    void documentModifie(const QList<QPair<int, QString>> &champs);
+
+    // "Modifier le document": the selected document in the document dialog, every field
+    // whatever columns are shown.
+    static constexpr QKeyCombination kToucheFormulaire{Qt::CTRL | Qt::Key_E};
+    void modifierDocument();
 
     // In-place editing of the selected document.
     static constexpr int kNbSaisies = 11;
@@ -148,6 +156,7 @@ private:
     void montrerModal(FenetreCadre &fenetre);
     void ouvrirDialogueDossier(const QString &nom, const QString &numero);
     void ouvrirDialogueDocument(const QString &dossier);
+    void montrerDialogueDocument(FrmAjoutDoc &dialogue);
     void placerSaisies(bool visible);
     bool enregistrerSaisies();
     bool enregistrerSaisie(int index);

@@ -36,6 +36,7 @@ std::span<const frmMain::Commande> frmMain::commandes() {
         {"Copier le login", Qt::CTRL | Qt::Key_B, B::Document, -1, &frmMain::copierLogin, true, 0, "edit-copy"},
         {"Copier l'URL", Qt::CTRL | Qt::SHIFT | Qt::Key_U, B::Document, -1, &frmMain::copierUrl, true, 0, "edit-copy"},
         {"Ouvrir l'URL", Qt::CTRL | Qt::Key_U, B::Document, -1, &frmMain::ouvrirUrl, true, 0, "globe"},
+        {"Modifier le document", frmMain::kToucheFormulaire, B::Document, -1, &frmMain::modifierDocument, true, 1, "document-properties"},
         {"Modifier dans la grille", QKeyCombination(Qt::Key_F2), B::Document, 15, nullptr, true, 1, "document-edit-sign"},
         {"Modifier l'icône", Qt::CTRL | Qt::Key_I, B::Document, 16, nullptr, true, 1, "insert-image"},
         {"Renommer le dossier", QKeyCombination(Qt::Key_F2), B::Dossier, 14, nullptr, true, 1, "group-edit"},

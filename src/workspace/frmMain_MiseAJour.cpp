@@ -137,3 +137,24 @@ void frmMain::finirMiseAJour() {
     restaurerSelection();
     MG->Redraw(true);
 }
+
+void frmMain::documentModifie(const QList<QPair<int, QString>> &champs) {
+    const int ligne = MG->LigneCourante;
+    if (ligne < 2 || MG->IsLigneParent(ligne)) return;
+    bool icone = false;
+    MG->Redraw(false);
+    for (const auto &[indice, texte] : champs) {
+        if (indice == 11) {
+            // As a load shows it: a document without an icon takes the library's second.
+            const int numero = texte.toInt();
+            MG->SetColumnInfos(ligne, 13, QString::number(numero == 0 ? 2 : numero));
+            icone = true;
+        } else {
+            MG->MajColumnInfos(ligne, indice, texte);
+        }
+        if (indice == kColonneTitre) ecrireBandeDocument(ligne);
+    }
+    MG->Redraw(true);
+    // The pictures are laid from column 13 by a pass over every row: only for a new icon.
+    if (icone) MG->ReDessiner();
+}

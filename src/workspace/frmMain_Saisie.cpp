@@ -154,9 +154,10 @@ bool frmMain::enregistrerSaisie(int index) {
         texte = date.toString(kFormatDate);
     }
     // The cipher keeps only its alphabet: anything else would come back as garbage.
+    // The form stores fields as typed, and keeps them.
     const QString refus = MessageHorsAlphabet(texte);
     if (!refus.isEmpty()) {
-        Messages::information(refus);
+        Messages::information(refus + QStringLiteral("\nUtilisez « Modifier le document » (Ctrl+E) pour garder ces caractères."));
         return false;
     }
     return ecrireChamp(index, texte);
@@ -267,6 +268,11 @@ bool frmMain::filtrerSaisie(QObject *objet, QEvent *evenement) {
         break;
     case QEvent::KeyPress: {
         const auto *touche = static_cast<QKeyEvent *>(evenement);
+        // Before the box takes it as its own key: the form, with what the boxes hold.
+        if (touche->keyCombination() == kToucheFormulaire) {
+            modifierDocument();
+            return true;
+        }
         switch (touche->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:

@@ -1,6 +1,7 @@
 // The document dialog through its real controls, on a base of the test's own.
 
 #include "dialogs/FrmAjoutDoc.h"
+#include "dialogs/FrmGenerateur.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
@@ -9,10 +10,14 @@
 #include "ui/BoutonImage.h"
 
 #include <QCalendarWidget>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
+#include <QRegularExpression>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -162,19 +167,46 @@ private slots:
     }
 
     void fermerOuEchouerNeRienPerd() {
+        const QString question = QStringLiteral("Enregistrer les modifications ?");
         {
             FrmAjoutDoc f;
-            // executer() holds the caller until the dialog is closed.
+            // executer() holds the caller until the dialog is closed. Untouched, it closes at once.
+            QTimer::singleShot(0, &f, [&] { QTest::keyClick(&f, Qt::Key_Escape); });
+            f.executer();
+            QVERIFY(!f.isVisible());
+            QCOMPARE(Messages::affiches(), QStringList());
+        }
+        {
+            // An icon alone is something to lose. Escape and the close button ask first:
+            // Annuler goes back to the dialog, Non drops it all.
+            FrmAjoutDoc f;
             QTimer::singleShot(0, &f, [&] {
-                taper(f.Saisie[0], QStringLiteral("Titre"));
                 f.choisirIcone(4, QPixmap(16, 16));
+                Messages::prevoirReponsesAnnulables({Messages::Reponse::Annuler, Messages::Reponse::Non});
+                QTest::keyClick(&f, Qt::Key_Escape);
+                QVERIFY(f.isVisible());
+                taper(f.Saisie[0], QStringLiteral("Titre"));
                 QTest::mouseClick(f.Im_Commande, Qt::LeftButton);
             });
             f.executer();
             QVERIFY(!f.isVisible());
+            QCOMPARE(Messages::affiches(), (QStringList{question, question}));
         }
         QCOMPARE(documents(), QStringList());
-        QCOMPARE(Messages::affiches(), QStringList());
+        {
+            // Oui stores as OK does: an empty title keeps the dialog, a title lets it go.
+            FrmAjoutDoc f;
+            ouvrir(f);
+            taper(f.Saisie[2], QStringLiteral("secret"));
+            Messages::prevoirReponses({true, true});
+            QVERIFY(!f.close());
+            QCOMPARE(Messages::affiches(), (QStringList{question, QStringLiteral("Veuillez saisir le titre, svp !")}));
+            taper(f.Saisie[0], QStringLiteral("Gardé"));
+            QVERIFY(f.close());
+            QCOMPARE(sql(QStringLiteral("SELECT Titre, MotDePasse FROM Documents")), QStringList{QStringLiteral("Gardé|secret")});
+            BaseSql::executer(Chemins::cheminBase(), QStringLiteral("DELETE FROM Documents"));
+            Messages::affiches();
+        }
 
         FrmAjoutDoc f;
         ouvrir(f);
@@ -200,6 +232,49 @@ private slots:
         QVERIFY(!f.isVisible());
         QCOMPARE(sql(QStringLiteral("SELECT Num, Titre, MotDePasse, Icone FROM Documents")),
                  QStringList{QStringLiteral("1|Impôts|motdepasse|0")});
+    }
+
+    void leGenerateurRemplitLeMotDePasse() {
+        FrmAjoutDoc f;
+        ouvrir(f);
+        // Its button sits on the password's row, beside the box and clear of its eye.
+        QCOMPARE(f.Generer->y(), f.Saisie[2]->y());
+        QVERIFY(f.Generer->x() > f.Saisie[2]->geometry().right());
+        QString utilise;
+        {
+            SurModale<FrmGenerateur> generateur([&](FrmGenerateur *g) {
+                // 20 characters of the four classes by default; the strength follows the choices.
+                QCOMPARE(g->Mot->text().size(), 20);
+                QCOMPARE(g->Mot->echoMode(), QLineEdit::Password);
+                QCOMPARE(g->Force->value(), 128);
+                g->LongueurNombre->setValue(8);
+                for (int i : {1, 3}) QTest::mouseClick(g->Classes[i], Qt::LeftButton, {}, QPoint(6, g->Classes[i]->height() / 2));
+                QTest::mouseClick(g->SansSosies, Qt::LeftButton, {}, QPoint(6, g->SansSosies->height() / 2));
+                QCOMPARE(g->Mot->text().size(), 8);
+                QCOMPARE(g->Entropie->text(), QStringLiteral("Entropie : %1 bits, très faible").arg(int(Generateur::entropie(g->options()))));
+                QVERIFY(g->Force->value() < 45);
+                // No class, no password to use.
+                for (int i : {0, 2}) g->Classes[i]->setChecked(false);
+                QVERIFY(g->Mot->text().isEmpty());
+                QVERIFY(!g->Utiliser->isEnabled());
+                g->Classes[2]->setChecked(true);
+                QTest::mouseClick(g->Autre, Qt::LeftButton);
+                utilise = g->Mot->text();
+                QTest::keyClick(g->LongueurNombre, Qt::Key_Return);
+            });
+            QTest::keyClick(f.Saisie[0], Qt::Key_G, Qt::ControlModifier);
+            QCOMPARE(generateur.venues, 1);
+        }
+        QVERIFY(QRegularExpression(QStringLiteral("^[2-9]{8}$")).match(utilise).hasMatch());
+        QCOMPARE(f.Saisie[2]->text(), utilise);
+        // Closed without "Utiliser", it leaves the box as it was.
+        {
+            SurModale<FrmGenerateur> generateur([](FrmGenerateur *g) { QTest::keyClick(g->Mot, Qt::Key_Escape); });
+            QTest::mouseClick(f.Generer, Qt::LeftButton);
+            QCOMPARE(generateur.venues, 1);
+        }
+        QCOMPARE(f.Saisie[2]->text(), utilise);
+        QVERIFY(!f.Generer->estEnfonce());
     }
 };
 

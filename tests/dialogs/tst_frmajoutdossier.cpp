@@ -56,9 +56,17 @@ private slots:
         QCOMPARE(Messages::affiches().size(), 1);
         QCOMPARE(f.Saisie->text(), QStringLiteral("Voyages"));
         f.TagSaisie = QStringLiteral("10");
+        // What was typed goes only on the user's word: here, Non.
         QTest::mouseClick(f.Im_Commande, Qt::LeftButton);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Enregistrer les modifications ?")});
         QVERIFY(!f.isVisible());
         QCOMPARE(dossiers(), (QStringList{QStringLiteral("1|10|Banque"), QStringLiteral("2|10|Autre compte")}));
+        // A rename left as it came closes at once.
+        FrmAjoutDossier g;
+        ouvrir(g, QStringLiteral("Banque"), QStringLiteral("10"));
+        QTest::mouseClick(g.Im_Commande, Qt::LeftButton);
+        QVERIFY(!g.isVisible());
+        QCOMPARE(Messages::affiches(), QStringList());
     }
 
     void creationAvecLeNumeroDonneEtRenommage() {

@@ -103,6 +103,35 @@ TEST(Cryptage, LeDechiffrementLaisseLesMorceauxInconnusEtLaQueue) {
     EXPECT_EQ(DecrypterChamp(QStringLiteral("zzz") + code).right(1), QStringLiteral("x"));
 }
 
+TEST(Cryptage, UnChampDeDocumentNestDechiffreQueFaitEntierDeCodes) {
+    const QString code = CrypterChamp(QStringLiteral("a"));
+    auto lire = [](const QString &t) {
+        // Both ways in: the text, and the base's UTF-8 bytes.
+        const QString parTexte = LireChampDocument(QStringView(t));
+        EXPECT_EQ(LireChampDocument(QByteArrayView(t.toUtf8())), parTexte) << t.toStdString();
+        return parTexte;
+    };
+    // The cipher's work is read back, characters it passed through on the grid included.
+    for (const QString &clair : {QStringLiteral("Pa55 w0rd!°"), QStringLiteral("chiffré"), QStringLiteral("éééx"), QString()})
+        EXPECT_EQ(lire(CrypterChamp(clair)), clair) << clair.toStdString();
+    // Off the grid after a passed character, it was never read right: now it shows as held.
+    EXPECT_EQ(lire(CrypterChamp(QStringLiteral("aéb"))), CrypterChamp(QStringLiteral("aéb")));
+    // A plain text with a code on the grid, or off it by a tail or an accent, stays as held.
+    for (const QString &clair : {QStringLiteral("xyz") + code + QStringLiteral("9"), code + QStringLiteral("ab"),
+                                 QStringLiteral("Boî") + code}) {
+        EXPECT_EQ(lire(clair), clair);
+        EXPECT_TRUE(clair.size() % 3 != 0 || DecrypterChamp(clair) != clair) << clair.toStdString();
+    }
+    // The dialog's texts: as typed, enciphered when the load would take them for
+    // codes, refused when neither reads back (a backquote is no character of the alphabet).
+    EXPECT_EQ(ChampDuDialogue(QStringLiteral("Boîte pro, transférée")), QStringLiteral("Boîte pro, transférée"));
+    EXPECT_EQ(ChampDuDialogue(code + code), CrypterChamp(code + code));
+    EXPECT_EQ(lire(*ChampDuDialogue(code + code)), code + code);
+    const QString codeAvecAccentGrave = CrypterChamp(QStringLiteral("y"));
+    ASSERT_TRUE(codeAvecAccentGrave.contains(u'`'));
+    EXPECT_EQ(ChampDuDialogue(codeAvecAccentGrave), std::nullopt);
+}
+
 TEST(Cryptage, LesLongsTextesNeDebordentPas) {
     // Far past the old 16-bit limits: every length works.
     const QString long_ = QString(40000, u'k') + QStringLiteral("Z");

@@ -4,6 +4,7 @@
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
+#include "store/FrmConfirmationPass.h"
 #include "store/FrmLogin.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
@@ -60,6 +61,36 @@ private slots:
 
         taperLogin(f, QStringLiteral(" Alice "));
         taper(f->Pass, QStringLiteral("Secret 1"));
+        // The password is asked once more: a different one, or the window closed, creates nothing.
+        {
+            SurModale<FrmConfirmationPass> confirmation([this](FrmConfirmationPass *c) {
+                QVERIFY(c->Consigne->text().contains(QStringLiteral("« Alice »")));
+                taper(c->Pass, QStringLiteral("Secret 2"));
+                QTest::keyClick(c->Pass, Qt::Key_Return);
+            });
+            Messages::prevoirReponses({true});
+            cliquerOK(f);
+            QCOMPARE(confirmation.venues, 1);
+        }
+        QCOMPARE(Messages::affiches(), (QStringList{QStringLiteral("Compte inexistant, voulez vous le créer ?"),
+                                                    QStringLiteral("Les deux mots de passe ne sont pas identiques : le compte n'a pas été créé.")}));
+        QCOMPARE(f->focusWidget(), f->Pass);
+        {
+            SurModale<FrmConfirmationPass> confirmation([this](FrmConfirmationPass *c) {
+                taper(c->Pass, QStringLiteral("Secret 1"));
+                QTest::keyClick(c->Pass, Qt::Key_Escape);
+            });
+            Messages::prevoirReponses({true});
+            cliquerOK(f);
+            QCOMPARE(confirmation.venues, 1);
+        }
+        QCOMPARE(Messages::affiches().size(), 1);
+        QCOMPARE(sql("SELECT count(*) FROM Compte"), QStringList{QStringLiteral("0")});
+        QCOMPARE(f->Login->count(), 0);
+        SurModale<FrmConfirmationPass> confirmation([this](FrmConfirmationPass *c) {
+            taper(c->Pass, QStringLiteral("Secret 1"));
+            QTest::mouseClick(c->OK, Qt::LeftButton);
+        });
         Messages::prevoirReponses({true});
         cliquerOK(f);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Compte inexistant, voulez vous le créer ?")});
@@ -138,6 +169,7 @@ private slots:
         taperLogin(f, QStringLiteral("o'neil"));
         taper(f->Pass, QStringLiteral("x"));
         Messages::prevoirReponses({true});
+        const SurModale<FrmConfirmationPass> confirmation([this](FrmConfirmationPass *c) { taper(c->Pass, QStringLiteral("x")); QTest::keyClick(c->Pass, Qt::Key_Return); });
         // Sent where a keyboard sends it: the combo box holds the focus, not its text.
         f->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(f));
@@ -192,6 +224,7 @@ private slots:
         taperLogin(f, QStringLiteral("huit"));
         taper(f->Pass, QStringLiteral("8"));
         Messages::prevoirReponses({true});
+        const SurModale<FrmConfirmationPass> confirmation([this](FrmConfirmationPass *c) { taper(c->Pass, QStringLiteral("8")); QTest::keyClick(c->Pass, Qt::Key_Return); });
         cliquerOK(f);
         QCOMPARE(sql("SELECT NumCompte FROM Compte WHERE Login='huit'"), QStringList{QStringLiteral("10")});
     }

@@ -7,12 +7,15 @@
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "ui/ChoixFichier.h"
+#include "ui/FenetreCadre.h"
 #include "ui/Messages.h"
 
 #include <QFile>
 #include <QList>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
 #include <sys/stat.h>
 
 class EnvironnementTest {
@@ -47,4 +50,27 @@ public:
 
 private:
     QList<QByteArray> anciens;
+};
+
+// While it lives, runs the steps on each modal window of type W, once the window's
+// loop runs; a window the steps leave open is closed. Other windows are left alone.
+template <typename W>
+class SurModale {
+public:
+    explicit SurModale(std::function<void(W *)> etapes) {
+        FenetreCadre::definirPreparationModale([this, etapes](FenetreCadre *fenetre) {
+            auto *w = qobject_cast<W *>(fenetre);
+            if (!w) return;
+            QTimer::singleShot(0, w, [this, etapes, w] {
+                ++venues;
+                etapes(w);
+                if (w->isVisible()) w->close();
+            });
+        });
+    }
+    ~SurModale() { FenetreCadre::definirPreparationModale(nullptr); }
+    SurModale(const SurModale &) = delete;
+    SurModale &operator=(const SurModale &) = delete;
+
+    int venues = 0;
 };

@@ -3,7 +3,9 @@
 #include "app/Navigation.h"
 #include "dialogs/FrmAjoutDoc.h"
 #include "dialogs/FrmAjoutDossier.h"
+#include "dialogs/FrmGenerateur.h"
 #include "grid/MyCoolGrid.h"
+#include "options/Exports.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "support/BaseExemple.h"
@@ -19,6 +21,7 @@
 #include <QScrollBar>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTimer>
 #include <QTest>
 #include <sqlcipher/sqlite3.h>
@@ -73,6 +76,10 @@ class TestEdition : public QObject {
             });
         });
     }
+    static QString sqlTexte(const QString &t) { return u'\'' + QString(t).replace(u'\'', QStringLiteral("''")) + u'\''; }
+    QString refusEnPlace(const QString &caracteres) {
+        return MessageHorsAlphabet(caracteres) + QStringLiteral("\nUtilisez « Modifier le document » (Ctrl+E) pour garder ces caractères.");
+    }
     QList<bool> etatsBoutons() {
         QList<bool> e;
         for (int i = 12; i <= 16; ++i) e << f->Boutons[i]->isEnabled();
@@ -102,6 +109,7 @@ private slots:
             });
         });
         touche(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Enregistrer les modifications ?")});
         QVERIFY((centre - f->frameGeometry().center()).manhattanLength() <= 2);
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
         // A new folder, named in its dialog; its number is above every account's.
@@ -306,19 +314,137 @@ private slots:
         touche(Qt::Key_End);
         taper(QStringLiteral("é"));
         touche(Qt::Key_Return);
-        QCOMPARE(Messages::affiches(), QStringList{MessageHorsAlphabet(QStringLiteral("é"))});
+        QCOMPARE(Messages::affiches(), QStringList{refusEnPlace(QStringLiteral("é"))});
         QVERIFY(Messages::affiches().isEmpty());
         QVERIFY(f->SaisieVisible);
         QCOMPARE(f->Saisie[5]->text(), QStringLiteral("xé"));
         QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=2")), QStringList{QStringLiteral("x")});
         // A command waits until the box is mended.
         commande(13);
-        QCOMPARE(Messages::affiches(), QStringList{MessageHorsAlphabet(QStringLiteral("é"))});
+        QCOMPARE(Messages::affiches(), QStringList{refusEnPlace(QStringLiteral("é"))});
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("2")});
         touche(Qt::Key_Backspace);
         touche(Qt::Key_Return);
         QVERIFY(!f->SaisieVisible);
         QVERIFY(Messages::affiches().isEmpty());
+    }
+
+    void leFormulaireModifieToutLeDocumentSurSaLigne() {
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("UPDATE Documents SET LoginDoc=%1, Remarques='note' WHERE Num=1")
+                                                     .arg(sqlTexte(CrypterChamp(QStringLiteral("moi")))));
+        const QString rowid = sql(QStringLiteral("SELECT rowid FROM Documents WHERE Num=1")).value(0);
+        // The password and the remarks in hidden columns.
+        Reglages::ecrireColonneVisible(2, false);
+        Reglages::ecrireColonneVisible(7, false);
+        f->resize(f->width() - 2, f->height());
+        f->MG->Clear();
+        f->ChargerMG();
+        const int rechargements = f->rechargementsComplets();
+        auto formulaire = [this](const std::function<void()> &ouvrir, const std::function<void(FrmAjoutDoc *)> &etapes) {
+            return t->dialogue<FrmAjoutDoc>(ouvrir, etapes);
+        };
+        // Nothing selected: it says what to select.
+        QVERIFY(!formulaire([this] { touche(Qt::Key_E, Qt::ControlModifier); }, [](FrmAjoutDoc *) {}));
+        QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Sélectionnez d'abord un document.")});
+
+        const int r = ligne(QStringLiteral("Compte courant"));
+        cliquerLigne(r);
+        // Accents typed in the row are refused, with the way to keep them: Ctrl+E takes
+        // them to the form.
+        touche(Qt::Key_F2);
+        touche(Qt::Key_End);
+        taper(QStringLiteral(" à Noël"));
+        touche(Qt::Key_Return);
+        QCOMPARE(Messages::affiches(), QStringList{refusEnPlace(QStringLiteral("àë"))});
+        QString genere;
+        QVERIFY(formulaire([this] { touche(Qt::Key_E, Qt::ControlModifier); }, [&genere](FrmAjoutDoc *d) {
+            QVERIFY(d->modification());
+            QCOMPARE(d->L[1]->text(), QStringLiteral("Modification d'un document"));
+            QCOMPARE(d->L[2]->text(), QStringLiteral("Banques"));
+            QStringList lus;
+            for (int i = 0; i < FrmAjoutDoc::kNbSaisies; ++i) lus << d->texte(i);
+            QCOMPARE(lus, (QStringList{QStringLiteral("Compte courant à Noël"), QStringLiteral("moi"), QStringLiteral("ancien"), QString(),
+                                       QString(), QStringLiteral("01/02/2026"), QString(), QStringLiteral("note")}));
+            QVERIFY(d->RemarquesLignes->isVisible() && !d->Saisie[7]->isVisible());
+            // A second line of remarks, a generated password.
+            d->RemarquesLignes->setFocus();
+            d->RemarquesLignes->moveCursor(QTextCursor::End);
+            QTest::keyClick(d->RemarquesLignes, Qt::Key_Return);
+            d->RemarquesLignes->insertPlainText(QStringLiteral("Boîte pro, transférée vers La Poste"));
+            {
+                SurModale<FrmGenerateur> generateur([&genere](FrmGenerateur *g) {
+                    genere = g->Mot->text();
+                    QTest::mouseClick(g->Utiliser, Qt::LeftButton);
+                });
+                QTest::keyClick(d->RemarquesLignes, Qt::Key_G, Qt::ControlModifier);
+            }
+            QCOMPARE(d->Saisie[2]->text(), genere);
+            // Enter makes lines in the remarks; Ctrl+Enter stores.
+            QTest::keyClick(d->RemarquesLignes, Qt::Key_Return, Qt::ControlModifier);
+            QVERIFY(!d->isVisible());
+        }));
+        const QString remarques = QStringLiteral("note\nBoîte pro, transférée vers La Poste");
+        // The same row, the fields changed as typed, the untouched login still enciphered.
+        const QStringList attendus = {rowid, QStringLiteral("Compte courant à Noël"), CrypterChamp(QStringLiteral("moi")), genere,
+                                      QStringLiteral("01/02/2026"), remarques};
+        QCOMPARE(sql(QStringLiteral("SELECT rowid, Titre, LoginDoc, MotDePasse, DateDebut, Remarques FROM Documents WHERE Num=1")),
+                 QStringList{attendus.join(u'|')});
+        QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("2")});
+        QCOMPARE(Messages::affiches(), QStringList());
+        QVERIFY(!f->SaisieVisible);
+        // The row shows it at once, without a reload, and after one.
+        QCOMPARE(f->rechargementsComplets(), rechargements);
+        for (int passe = 0; passe < 2; ++passe) {
+            const int l = ligne(QStringLiteral("Compte courant à Noël"));
+            QVERIFY(l >= 2);
+            QCOMPARE(f->MG->GetColumnInfos(l, 5), genere);
+            QCOMPARE(f->MG->GetColumnInfos(l, 10), remarques);
+            if (passe == 0) QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : Compte courant à Noël")));
+            f->MG->Clear();
+            f->ChargerMG();
+        }
+
+        // A double click on a document opens its form too (its first click chose the row);
+        // left untouched, Escape closes it at once.
+        const int livret = ligne(QStringLiteral("Livret"));
+        cliquerLigne(livret);
+        int w = 0, y = 0, h = 0;
+        f->MG->GetColumnInfos(livret, 3, w, y, h);
+        QVERIFY(formulaire([&] { QTest::mouseDClick(f->MG->viewport(), Qt::LeftButton, {}, QPoint(40, y + h / 2)); },
+                           [](FrmAjoutDoc *d) {
+                               QCOMPARE(d->texte(0), QStringLiteral("Livret"));
+                               QTest::keyClick(d->Saisie[1], Qt::Key_Escape);
+                               QVERIFY(!d->isVisible());
+                           }));
+        QCOMPARE(Messages::affiches(), QStringList());
+    }
+
+    void unTexteEcritParLeDialogueSeRelitTelQuel() {
+        // Plain as the dialog writes it, with a code at a place of the three-character grid.
+        const QString pass = QStringLiteral("abc") + CrypterChamp(QStringLiteral("x")) + QStringLiteral("!9z");
+        QVERIFY(DecrypterChamp(pass) != pass);
+        BaseSql::executer(Chemins::cheminBase(), QStringLiteral("UPDATE Documents SET MotDePasse=%1 WHERE Num=2").arg(sqlTexte(pass)));
+        f->MG->Clear();
+        f->ChargerMG();
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), 5), pass);
+        QVERIFY(Exports::contenuCsv(*f->MG).contains(pass.toUtf8()));
+        // Another field edited in place leaves it as stored; edited itself, it is enciphered whole.
+        editer(QStringLiteral("Livret"));
+        touche(Qt::Key_End);
+        taper(QStringLiteral("2"));
+        touche(Qt::Key_Return);
+        QCOMPARE(sql(QStringLiteral("SELECT Titre, MotDePasse FROM Documents WHERE Num=2")),
+                 QStringList{CrypterChamp(QStringLiteral("Livret2")) + u'|' + pass});
+        editer(QStringLiteral("Livret2"));
+        f->Saisie[5]->setFocus();
+        QCOMPARE(f->Saisie[5]->text(), pass);
+        touche(Qt::Key_End);
+        taper(QStringLiteral("#"));
+        touche(Qt::Key_Return);
+        QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=2")), QStringList{CrypterChamp(pass + u'#')});
+        f->MG->Clear();
+        f->ChargerMG();
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret2")), 5), pass + u'#');
     }
 
     void laSelectionSuitSaCleApresChaqueRechargement() {
