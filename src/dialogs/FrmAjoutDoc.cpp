@@ -404,8 +404,8 @@ bool FrmAjoutDoc::eventFilter(QObject *objet, QEvent *evenement) {
     if (objet == RemarquesLignes) {
         // Enter makes a new line in the remarks; Ctrl+Enter stores, as Enter does elsewhere.
         if (type == QEvent::FocusIn) PanCal->hide();
-        const auto *touche = static_cast<QKeyEvent *>(evenement);
-        if (type == QEvent::KeyPress && (touche->key() == Qt::Key_Return || touche->key() == Qt::Key_Enter) &&
+        const auto *touche = type == QEvent::KeyPress ? static_cast<QKeyEvent *>(evenement) : nullptr;
+        if (touche && (touche->key() == Qt::Key_Return || touche->key() == Qt::Key_Enter) &&
             touche->modifiers() & Qt::ControlModifier) {
             OK->enfoncer();
             clicOK();
