@@ -318,8 +318,3 @@ std::optional<QString> ChampDuDialogue(const QString &texte) {
     if (LireChampDocument(chiffre) == texte) return chiffre;
     return std::nullopt;
 }
-
-QString DecrypterChamp(QByteArrayView utf8) {
-    if (!estAscii(utf8)) return DecrypterChamp(depuisUtf8(utf8));
-    return dechiffrer(reinterpret_cast<const unsigned char *>(utf8.data()), utf8.size());
-}

@@ -36,8 +36,6 @@ QString MessageHorsAlphabet(const QString &texte);
 // not round-trip: the stored text leaves the three-character grid there.
 QString DecrypterChamp(const QString &texte);
 QString DecrypterChamp(QStringView texte);
-// The same from the UTF-8 bytes of the base, without a copy of the stored text first.
-QString DecrypterChamp(QByteArrayView utf8);
 
 // UTF-8 bytes read from the base as text, every character kept: a leading U+FEFF
 // is a character of the field, not a header.
