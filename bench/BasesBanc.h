@@ -7,7 +7,7 @@
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "support/BaseExemple.h"
-#include "ui/Messages.h"
+#include "ui/fenetres/Messages.h"
 
 #include <QDir>
 #include <QFile>

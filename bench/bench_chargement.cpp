@@ -5,10 +5,10 @@
 // The resident memory of a loaded grid is measured in a process of its own:
 //   bench_chargement --memoire 100000
 
-#include "app/Navigation.h"
-#include "grid/MyCoolGrid.h"
+#include "app/fenetres/Navigation.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "workspace/Chargement.h"
-#include "workspace/frmMain.h"
+#include "workspace/fenetres/frmMain.h"
 #include "Banc.h"
 #include "BasesBanc.h"
 

@@ -3,10 +3,10 @@
 // document in its form: opened (read from the base, the dialog built, filled and
 // painted), and stored (the changed field written, the row brought up to date).
 
-#include "app/Navigation.h"
-#include "dialogs/FrmAjoutDoc.h"
-#include "ui/BoutonImage.h"
-#include "grid/MyCoolGrid.h"
+#include "app/fenetres/Navigation.h"
+#include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "ui/fenetres/BoutonImage.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/Cryptage.h"
@@ -14,8 +14,8 @@
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "support/BaseExemple.h"
-#include "ui/Messages.h"
-#include "workspace/frmMain.h"
+#include "ui/fenetres/Messages.h"
+#include "workspace/fenetres/frmMain.h"
 #include "Banc.h"
 
 #include <QApplication>

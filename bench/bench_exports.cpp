@@ -7,14 +7,14 @@
 // The resident memory that opening the window adds is measured in a process of its own:
 //   bench_exports --memoire 100000
 
-#include "app/Navigation.h"
-#include "grid/MyCoolGrid.h"
-#include "options/ApercuExport.h"
+#include "app/fenetres/Navigation.h"
+#include "grid/fenetres/MyCoolGrid.h"
+#include "options/fenetres/ApercuExport.h"
 #include "options/EcritureExports.h"
 #include "options/Exports.h"
-#include "options/FrmOptions.h"
+#include "options/fenetres/FrmOptions.h"
 #include "store/FichierEntier.h"
-#include "workspace/frmMain.h"
+#include "workspace/fenetres/frmMain.h"
 #include "Banc.h"
 #include "BasesBanc.h"
 

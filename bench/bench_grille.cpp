@@ -1,7 +1,7 @@
 // The grid under load: filling it, opening and closing a large folder, and painting
 // one screen of a small grid against one of a very large grid.
 
-#include "grid/MyCoolGrid.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "support/EnvironnementTest.h"
 #include "Banc.h"
 

@@ -2,17 +2,17 @@
 // resampled and written, then the grid of 1,000 documents repainted), the save alone
 // from pictures of 32 by 32, and the floor: one bare query reading the same rows.
 
-#include "app/Navigation.h"
+#include "app/fenetres/Navigation.h"
 #include "grid/ListeImages.h"
 #include "options/BibliothequeIcones.h"
-#include "options/FrmOptions.h"
+#include "options/fenetres/FrmOptions.h"
 #include "store/Chemins.h"
 #include "store/IconesStock.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
 #include "support/BaseExemple.h"
-#include "ui/Messages.h"
-#include "workspace/frmMain.h"
+#include "ui/fenetres/Messages.h"
+#include "workspace/fenetres/frmMain.h"
 #include "Banc.h"
 
 #include <QApplication>

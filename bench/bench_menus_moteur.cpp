@@ -3,8 +3,8 @@
 // again when the same menu opens a second time.
 
 #include "grid/ListeImages.h"
-#include "menus/cMenuItems.h"
-#include "menus/modMenus.h"
+#include "menus/fenetres/cMenuItems.h"
+#include "menus/fenetres/modMenus.h"
 #include "Banc.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
-#include "app/InstanceUnique.h"
-#include "app/Navigation.h"
+#include "InstanceUnique.h"
+#include "app/fenetres/Navigation.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/CopieBase.h"
-#include "ui/Messages.h"
+#include "ui/fenetres/Messages.h"
 
 #include <QApplication>
 #include <QLibraryInfo>

@@ -11,8 +11,8 @@
 // Rows and columns that don't exist are refused quietly: reading gives the empty
 // text, writing does nothing, and the grid stays usable.
 
-#include "grid/Grille.h"
-#include "grid/ListeImages.h"
+#include "Grille.h"
+#include "ListeImages.h"
 
 #include <QString>
 #include <QStringList>

@@ -3,7 +3,7 @@
 // they were when the writing began, so that the window answers while a large tree
 // goes to the disk. Each file is still written whole or not at all.
 
-#include "options/Exports.h"
+#include "Exports.h"
 
 #include <QObject>
 #include <QString>

@@ -2,9 +2,7 @@
 
 #include "Base.h"
 #include "Session.h"
-#include "ui/Messages.h"
 
-#include <QApplication>
 
 using Base::Connexion;
 using Base::Requete;
@@ -13,7 +11,6 @@ namespace Def {
 
 namespace {
 const SelectionGrille *grilleCourante = nullptr;
-std::function<void()> finProgramme;
 
 struct CleDocument {
     int num = 0;
@@ -122,18 +119,7 @@ QString couperChamp(const QString &valeur) {
     return valeur.left(n);
 }
 
-void definirFinProgramme(std::function<void()> fin) { finProgramme = std::move(fin); }
-
 }  // namespace Def
-
-bool ConfirmerQuitter() {
-    if (!Messages::question(QStringLiteral("Etes-vous sûr de vouloir quitter le programme ?"))) return false;
-    if (Def::finProgramme)
-        Def::finProgramme();
-    else
-        QApplication::exit(0);
-    return true;
-}
 
 bool MajChampDocument(int indice, const QString &valeur) {
     Def::CleDocument cle;

@@ -1,12 +1,11 @@
 #pragma once
-// Shared operations: the writes of documents and folders, file helpers, the
-// file association and the quit question.
+// Shared operations: the writes of documents and folders, file helpers and the
+// file association.
 
 #include <QByteArray>
 #include <QPair>
 #include <QString>
 #include <QStringList>
-#include <functional>
 
 // What the store operations need to know of the grid: the hidden columns of the
 // selected row (16: document number, 17: folder number, 18: row of the base).
@@ -36,12 +35,7 @@ QString nomChampDocument(int indice);
 // Cuts a value to the 255 characters a field holds, never inside a character.
 QString couperChamp(const QString &valeur);
 
-// Ends the program after asking, when the user answers Yes. Tests replace the ending.
-void definirFinProgramme(std::function<void()> fin);
-
 }  // namespace Def
-
-bool ConfirmerQuitter();
 
 // Writes field indice (3 to 10) of the selected document; the caller enciphers first.
 // Returns false when nothing was written (other index, no selection, document gone).

@@ -1,7 +1,5 @@
 #include "PressePapiers.h"
 
-#include "store/Reglages.h"
-
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -19,7 +17,6 @@ PressePapiers::PressePapiers() {
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { effacerSiIntact(); });
 }
 
-int PressePapiers::delaiChoisi() { return qMax(0, Reglages::lireNombre(Reglages::Cle::PressePapiers)); }
 
 QMimeData *PressePapiers::donnees(const QString &texte, bool secret) {
     auto *d = new QMimeData;

@@ -23,8 +23,6 @@ public:
     bool effacerSiIntact();
     // Seconds before the clearing; 0 when no copy waits.
     int secondesRestantes() const { return restantes_; }
-    // The delay the user chose (section Settings, key PressePapiers), in seconds.
-    static int delaiChoisi();
 
     // The text and, for a secret, the hint of clipboard managers.
     static QMimeData *donnees(const QString &texte, bool secret);

@@ -1,13 +1,13 @@
 // The document dialog through its real controls, on a base of the test's own.
 
-#include "dialogs/FrmAjoutDoc.h"
-#include "dialogs/FrmGenerateur.h"
+#include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "dialogs/fenetres/FrmGenerateur.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>

@@ -1,10 +1,10 @@
 // The folder dialog through its real controls, on a base of the test's own.
 
-#include "dialogs/FrmAjoutDossier.h"
+#include "dialogs/fenetres/FrmAjoutDossier.h"
 #include "store/Comptes.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 
 #include <QLabel>
 #include <QLineEdit>

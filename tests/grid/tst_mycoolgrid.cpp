@@ -1,6 +1,6 @@
 // The grid widget as its owner sees it: mouse clicks, the events, the painting.
 #include "grid/GrilleExemple.h"
-#include "grid/MyCoolGrid.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "support/EnvironnementTest.h"
 
 #include <QScrollBar>

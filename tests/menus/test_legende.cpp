@@ -2,7 +2,7 @@
 #include "menus/Legende.h"
 #include "support/ImpressionQt.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QPalette>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
@@ -122,14 +122,14 @@ TEST(Legende, ImagesSeparateursEtEsperluettes) {
 }
 
 TEST(Legende, Couleurs) {
-    QPalette palette = QApplication::palette();
+    QPalette palette = QGuiApplication::palette();
     const QPalette avant = palette;
     palette.setColor(QPalette::Active, QPalette::Button, QColor(1, 2, 3));
     palette.setColor(QPalette::Active, QPalette::Base, QColor(4, 5, 6));
     palette.setColor(QPalette::Active, QPalette::Highlight, QColor(7, 8, 9));
     palette.setColor(QPalette::Active, QPalette::ToolTipBase, QColor(10, 11, 12));
     palette.setColor(QPalette::Disabled, QPalette::Text, QColor(13, 14, 15));
-    QApplication::setPalette(palette);
+    QGuiApplication::setPalette(palette);
     const int bouton = 0x030201;
     const struct {
         const char *valeur;
@@ -146,7 +146,7 @@ TEST(Legende, Couleurs) {
     };
     for (const auto &c : cas) EXPECT_EQ(LireCouleur(QString::fromUtf8(c.valeur), -7), c.attendu) << c.valeur;
     EXPECT_EQ(CouleurReelle(0x123456), 0x123456);
-    QApplication::setPalette(avant);
+    QGuiApplication::setPalette(avant);
 }
 
 // Captions made of the pieces that matter to the rules, from a fixed seed.

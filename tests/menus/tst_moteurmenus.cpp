@@ -3,9 +3,9 @@
 
 #include "grid/ListeImages.h"
 #include "menus/Legende.h"
-#include "menus/cMenuItems.h"
+#include "menus/fenetres/cMenuItems.h"
 #include "menus/cTips.h"
-#include "menus/modMenus.h"
+#include "menus/fenetres/modMenus.h"
 
 #include "support/EnvironnementTest.h"
 

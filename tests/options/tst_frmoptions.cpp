@@ -1,13 +1,13 @@
 // The options window driven through its real controls, over a real base.
 
-#include "grid/MyCoolGrid.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "options/Blit.h"
-#include "options/ApercuExport.h"
+#include "options/fenetres/ApercuExport.h"
 #include "options/Exports.h"
-#include "options/FrmOptions.h"
+#include "options/fenetres/FrmOptions.h"
 #include "support/BaseExemple.h"
 #include "support/PrincipaleTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 
 #include <QCheckBox>

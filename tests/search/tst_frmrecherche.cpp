@@ -1,9 +1,9 @@
 // The search window driven through its real controls, over a real base.
 
-#include "grid/MyCoolGrid.h"
-#include "search/FrmRecherche.h"
+#include "grid/fenetres/MyCoolGrid.h"
+#include "search/fenetres/FrmRecherche.h"
 #include "support/PrincipaleTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,15 +1,15 @@
 // The login window driven through its real controls.
 
-#include "app/Navigation.h"
+#include "app/fenetres/Navigation.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
-#include "store/FrmConfirmationPass.h"
-#include "store/FrmLogin.h"
+#include "store/fenetres/FrmConfirmationPass.h"
+#include "store/fenetres/FrmLogin.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
-#include "ui/BoutonImage.h"
-#include "workspace/frmMain.h"
+#include "ui/fenetres/BoutonImage.h"
+#include "workspace/fenetres/frmMain.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -44,7 +44,7 @@ private slots:
     void init() {
         env = std::make_unique<EnvironnementTest>();
         finsDemandees = 0;
-        Def::definirFinProgramme([this] { ++finsDemandees; });
+        Messages::definirFinProgramme([this] { ++finsDemandees; });
     }
     void cleanup() {
         Navigation::fermerTout();

@@ -1,13 +1,13 @@
 // The password change, through the real window, then a login with the new password.
 
-#include "app/Navigation.h"
+#include "app/fenetres/Navigation.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
-#include "store/FrmLogin.h"
-#include "store/FrmModifLogin.h"
+#include "store/fenetres/FrmLogin.h"
+#include "store/fenetres/FrmModifLogin.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 
 #include <QComboBox>
 #include <QLabel>

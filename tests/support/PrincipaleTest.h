@@ -2,11 +2,11 @@
 // The main window of account 1 ("alice") over a test base of its own, for the tests
 // that drive it, and the modal dialogs it opens.
 
-#include "app/Navigation.h"
+#include "app/fenetres/Navigation.h"
 #include "store/Comptes.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
-#include "workspace/frmMain.h"
+#include "workspace/fenetres/frmMain.h"
 
 #include <QTest>
 #include <QTimer>

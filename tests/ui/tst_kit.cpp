@@ -1,6 +1,6 @@
 // The window kit: numbered strings, latching picture buttons, the clipboard's clearing.
 
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/PressePapiers.h"
 

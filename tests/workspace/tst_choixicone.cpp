@@ -1,14 +1,14 @@
 // The icon picker end to end: opened from the main window and from the document
 // dialog, driven by the keyboard, and the base read afterwards.
 
-#include "dialogs/FrmAP.h"
-#include "dialogs/FrmAjoutDoc.h"
-#include "grid/MyCoolGrid.h"
-#include "menus/cMenuItems.h"
-#include "menus/modMenus.h"
+#include "dialogs/fenetres/FrmAP.h"
+#include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "grid/fenetres/MyCoolGrid.h"
+#include "menus/fenetres/cMenuItems.h"
+#include "menus/fenetres/modMenus.h"
 #include "support/PrincipaleTest.h"
-#include "ui/BoutonImage.h"
-#include "workspace/FrmPop.h"
+#include "ui/fenetres/BoutonImage.h"
+#include "workspace/fenetres/FrmPop.h"
 
 #include <QApplication>
 #include <QFontMetrics>

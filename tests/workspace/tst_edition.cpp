@@ -1,19 +1,19 @@
 // Working on the tree in the main window: selection, buttons, in-place editing, deletions.
 
-#include "app/Navigation.h"
-#include "dialogs/FrmAjoutDoc.h"
-#include "dialogs/FrmAjoutDossier.h"
-#include "dialogs/FrmGenerateur.h"
-#include "grid/MyCoolGrid.h"
+#include "app/fenetres/Navigation.h"
+#include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "dialogs/fenetres/FrmAjoutDossier.h"
+#include "dialogs/fenetres/FrmGenerateur.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "options/Exports.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/PrincipaleTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
-#include "workspace/frmMain.h"
+#include "workspace/fenetres/frmMain.h"
 
 #include <QApplication>
 #include <QCalendarWidget>

@@ -1,26 +1,26 @@
 // The main window: its load from a real base, its geometry, its buttons and its close.
 
-#include "app/Navigation.h"
-#include "grid/MyCoolGrid.h"
-#include "dialogs/FrmAP.h"
+#include "app/fenetres/Navigation.h"
+#include "grid/fenetres/MyCoolGrid.h"
+#include "dialogs/fenetres/FrmAP.h"
 #include "store/Comptes.h"
 #include "store/CopieBase.h"
 #include "store/Cryptage.h"
-#include "store/FrmLogin.h"
-#include "store/FrmModifLogin.h"
-#include "ui/ChoixFichier.h"
+#include "store/fenetres/FrmLogin.h"
+#include "store/fenetres/FrmModifLogin.h"
+#include "ui/fenetres/ChoixFichier.h"
 #include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/DisquePlein.h"
 #include "support/EnvironnementTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
-#include "workspace/frmMain.h"
+#include "workspace/fenetres/frmMain.h"
 
-#include "ui/ChoixFichier.h"
+#include "ui/fenetres/ChoixFichier.h"
 #include "ui/PressePapiers.h"
-#include "ui/SaisieSecrete.h"
-#include "workspace/FrmPop.h"
+#include "ui/fenetres/SaisieSecrete.h"
+#include "workspace/fenetres/FrmPop.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -148,7 +148,7 @@ private slots:
     void init() {
         env = std::make_unique<EnvironnementTest>();
         finsDemandees = 0;
-        Def::definirFinProgramme([this] { ++finsDemandees; });
+        Messages::definirFinProgramme([this] { ++finsDemandees; });
         Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
     }
     void cleanup() {

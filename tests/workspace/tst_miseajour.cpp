@@ -1,12 +1,12 @@
 // After the window's own writes, the grid is brought up to date in place: it must be,
 // cell by cell, what reading the whole tree again gives.
 
-#include "dialogs/FrmAjoutDoc.h"
-#include "dialogs/FrmAjoutDossier.h"
-#include "grid/MyCoolGrid.h"
+#include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "dialogs/fenetres/FrmAjoutDossier.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "store/Cryptage.h"
 #include "support/PrincipaleTest.h"
-#include "ui/BoutonImage.h"
+#include "ui/fenetres/BoutonImage.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -1,0 +1,121 @@
+#include "FenetreDialogue.h"
+
+#include "grid/fenetres/MyCoolGrid.h"
+#include "ui/Art.h"
+#include "ui/Chaines.h"
+#include "ui/fenetres/Messages.h"
+#include "workspace/fenetres/frmMain.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QShowEvent>
+
+namespace {
+constexpr int kLigneTitre = 0;     // the grid's title row: its band
+constexpr int kPremierDossier = 2; // the first folder row: the folder picture
+}  // namespace
+
+PanneauStock::PanneauStock(bool etire, QWidget *parent)
+    : PanneauImage(QString(), etire ? Mode::Etire : Mode::Mosaique, parent), etire_(etire) {}
+
+void PanneauStock::definirImage(const QPixmap &image) {
+    image_ = image;
+    update();
+}
+
+void PanneauStock::paintEvent(QPaintEvent *) {
+    if (image_.isNull()) return;
+    QPainter p(this);
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (etire_) {
+        p.drawPixmap(rect(), image_);
+        return;
+    }
+    const QSize taille = image_.deviceIndependentSize().toSize();
+    p.drawPixmap(QPoint((width() - taille.width()) / 2, (height() - taille.height()) / 2), image_);
+}
+
+FenetreDialogue::FenetreDialogue(frmMain *principale)
+    : FenetreCadre(principale), principale_(principale) {
+    setWindowTitle(Messages::kTitre);
+    Fond[1] = new PanneauStock(true, FondBleu);
+    Fond[1]->setObjectName(QStringLiteral("Fond1"));
+    Fond[2] = new PanneauStock(false, FondBleu);
+    Fond[2]->setObjectName(QStringLiteral("Fond2"));
+    activerDeplacement(Fond[1]);
+    activerDeplacement(Fond[2]);
+    EnteteB->definirTexte(Chaine(154).trimmed());
+    connect(this, &FenetreCadre::fermetureDemandee, this, &QWidget::close);
+}
+
+frmMain *FenetreDialogue::principale() const { return principale_; }
+
+QColor FenetreDialogue::couleurReglage(int valeur) {
+    return QColor(valeur & 0xff, (valeur >> 8) & 0xff, (valeur >> 16) & 0xff);
+}
+
+void FenetreDialogue::chargerImagesStock() {
+    QPixmap bande, dossier;
+    if (principale_ && principale_->MG) {
+        // Reading the pictures leaves the grid's repainting off; the command that
+        // opened the dialog turns it on again when the dialog is closed.
+        bande = principale_->MG->GetCellPicture(kLigneTitre);
+        dossier = principale_->MG->GetCellPicture(kPremierDossier);
+    }
+    if (bande.isNull()) bande = Art::pixmap(QStringLiteral("grid_bande_section"), QSize(400, 20));
+    if (dossier.isNull()) dossier = Art::pixmap(QStringLiteral("grid_dossier"), QSize(16, 16));
+    static_cast<PanneauStock *>(Fond[1])->definirImage(bande);
+    static_cast<PanneauStock *>(Fond[2])->definirImage(dossier);
+}
+
+void FenetreDialogue::colorerLibelle(QLabel *libelle, int couleur, bool pastille) {
+    const QColor texte = couleurReglage(couleur);
+    // A light colour goes on the navy of the frame; a dark one on the light band,
+    // or on white when it stands in a box of its own.
+    const bool clair = texte.lightness() > 150;
+    QString fond = QStringLiteral("background: transparent;");
+    if (clair)
+        fond = QStringLiteral("background: #2e3f66; border-radius: 4px; padding: 0 8px;");
+    else if (pastille)
+        fond = QStringLiteral("background: #ffffff; border: 1px solid #b3bccd; border-radius: 4px; padding: 0 8px;");
+    libelle->setStyleSheet(QStringLiteral("color: %1; font-weight: bold; %2").arg(texte.name(), fond));
+}
+
+void FenetreDialogue::finDeplacement() {
+    // The grid behind was left unpainted while the dialog took its pictures;
+    // once the dialog has been moved it must show again.
+    if (principale_ && principale_->MG) principale_->MG->Redraw(true);
+}
+
+
+void FenetreDialogue::showEvent(QShowEvent *e) {
+    FenetreCadre::showEvent(e);
+    if (e->spontaneous()) return;
+    enregistre_ = false;
+    memoriserEtatInitial();
+}
+
+void FenetreDialogue::fermerEnregistre() {
+    enregistre_ = true;
+    close();
+}
+
+void FenetreDialogue::closeEvent(QCloseEvent *e) {
+    // Escape, the close button, the desktop or a change of account: what was typed is
+    // stored or dropped by the user's answer, never without a word.
+    if (!enregistre_ && isVisible() && modifie()) {
+        switch (Messages::questionAnnulable(QStringLiteral("Enregistrer les modifications ?"))) {
+        case Messages::Reponse::Oui:
+            if (enregistrer()) break;
+            e->ignore();
+            return;
+        case Messages::Reponse::Non:
+            break;
+        case Messages::Reponse::Annuler:
+            e->ignore();
+            return;
+        }
+    }
+    FenetreCadre::closeEvent(e);
+}

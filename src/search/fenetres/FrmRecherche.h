@@ -1,0 +1,29 @@
+#pragma once
+// The search window: folders by name or documents by title, among the rows the main
+// window's grid holds; a hit chosen takes the user to its row.
+
+#include "dialogs/fenetres/FenetreDialogue.h"
+
+#include <array>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QRadioButton;
+
+class FrmRecherche : public FenetreDialogue {
+    Q_OBJECT
+public:
+    explicit FrmRecherche(frmMain *principale);
+
+    QLineEdit *Saisie = nullptr;
+    std::array<QRadioButton *, 2> OptRec{};  // 0 folders, 1 documents
+    std::array<BoutonImage *, 1> OInterface{};  // 0 "Valider"
+    QListWidget *Liste = nullptr;           // the hits; each item's key is in its data
+    std::array<QLabel *, 2> L{};            // 0 above the list, 1 the heading
+
+private:
+    void clicValider();
+    void choisirResultat();
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+};

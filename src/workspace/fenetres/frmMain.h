@@ -1,0 +1,205 @@
+#pragma once
+// The main window, where the logged-in user works on the tree of folders and documents.
+
+#include "grid/ListeImages.h"
+#include "ui/fenetres/FenetreCadre.h"
+
+#include <array>
+#include <QKeyCombination>
+#include <QPointer>
+#include <functional>
+#include <span>
+
+class FrmAjoutDoc;
+class FrmOptions;
+class FrmPop;
+class MyCoolGrid;
+class QCalendarWidget;
+class QLabel;
+class QTextBrowser;
+class QTimer;
+class QLineEdit;
+class QDate;
+class QPushButton;
+
+class frmMain : public FenetreCadre {
+    Q_OBJECT
+public:
+    static constexpr int kTwips = 15;          // twips to the pixel
+    static constexpr int kLargeurNormale = 15000;  // twips
+    static constexpr int kHauteurNormale = 12000;
+    static constexpr int kNbBoutons = 17;
+
+    explicit frmMain(QWidget *parent = nullptr);
+    ~frmMain() override;
+
+    // Loading of the tree (the grid is rebuilt whole).
+    void ChargerMG();
+    void ChargerTreeview(int numCompte);
+    void MemoriserMG() {}     // the open state of folders is not kept across a reload
+    void RaffraichirMG() {}
+    // The whole tree read again from the base.
+    void rechargerGrille();
+    int rechargementsComplets() const { return rechargements_; }  // since the window opened
+    // After a change the window wrote itself: the grid is put as a reload would leave
+    // it, without reading the base again but for the row written (or reloaded whole
+    // when that row can't be placed).
+    void documentAjoute(qint64 rowid);
+    void dossierEcrit(qint64 rowid);
+    void dossierSupprime(int ligne);
+    void documentSupprime(int ligne);
+    // The selected document's fields written by its form (3 to 10, as the user typed
+    // them, and 11 the icon): its row shows them, as after an edit in place.
+    void documentModifie(const QList<QPair<int, QString>> &champs);
+
+    // "Modifier le document": the selected document in the document dialog, every field
+    // whatever columns are shown.
+    static constexpr QKeyCombination kToucheFormulaire{Qt::CTRL | Qt::Key_E};
+    void modifierDocument();
+
+    // In-place editing of the selected document.
+    static constexpr int kNbSaisies = 11;
+    void RendreSaisieVisible(bool visible, int init, int rang);
+    void RendreSaisieVisibleCalendrier(bool visible);
+    std::array<QLineEdit *, kNbSaisies> Saisie{};
+
+    MyCoolGrid *MG = nullptr;
+    std::array<BoutonImage *, 3> Im_Commande{};  // close, minimise, maximise or restore
+    std::array<PanneauImage *, 2> TbToolbar{};
+    std::array<BoutonImage *, kNbBoutons> Boutons{};
+    QWidget *PP = nullptr;
+    QLabel *Heure = nullptr;
+    QTextBrowser *WB = nullptr;
+    PanneauImage *PanCal = nullptr;
+    QCalendarWidget *Calendrier = nullptr;
+    QTimer *Timer1 = nullptr;
+    ListeImages imgCONTENU;
+    ListeImages ImageList1;
+
+    QString InfoEntete;
+    QString NomDossierCourant;
+    int LigneDocument = 9999;
+    bool SaisieVisible = false;
+    // Ends in-place editing, storing first what the user changed; false, with the
+    // editing still open and the reason told, when a changed value can't be stored.
+    bool fermerSaisie();
+    int nombreDossiers() const { return NbDossiers; }
+    QString legendeEntete() const { return legendeEntete_; }  // caption of the top strip, as composed
+
+    // The window's commands, in one table: the row's menu lists those marked for it that
+    // suit the selection, and each key runs the first command of that key that suits it
+    // (or tells what to select). A command runs its button, or its own action.
+    enum class Besoin { Rien, Ligne, Dossier, Document };
+    struct Commande {
+        const char *legende;
+        QKeyCombination touches;
+        Besoin besoin;
+        int bouton;                  // button of the bars, or -1
+        void (frmMain::*action)();   // when there is no button
+        bool dansMenu;               // listed in the row's menu
+        int groupe;                  // the menu draws a line between groups
+        const char *icone = nullptr; // its picture in the menu, from the theme's action set
+    };
+    static std::span<const Commande> commandes();
+    static QString texteTouches(QKeyCombination touches);  // as the desktop writes it ("Ctrl+Maj+N")
+    // Runs the key as the window's shortcut does.
+    void executerTouche(QKeyCombination touches);
+    QPushButton *CompteARebours = nullptr;  // the clipboard's countdown, in the band
+
+    // Tests drive the modal dialogs: this runs on each one once it is ready, before it waits.
+    void definirPreparationDialogue(std::function<void(QWidget *)> preparation) { preparationDialogue_ = std::move(preparation); }
+
+protected:
+    void resizeEvent(QResizeEvent *e) override;
+    void closeEvent(QCloseEvent *e) override;
+    void keyPressEvent(QKeyEvent *e) override;
+    void finDeplacement() override;
+
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+private:
+    void creerBoutons();
+    void creerSaisies();
+    void clicGrille();
+    void ecrireBandeDocument(int r);  // the band names the document of row r and its folder
+    void clicBouton(int index);
+    void commande(int index);
+    // A command from the keyboard: as a click on its button, or why it can't run.
+    void declencher(int index);
+    void supprimerSelection();
+    // The commands of the table that have no button.
+    void copierMotDePasse();
+    void copierLogin();
+    void copierUrl();
+    void ouvrirUrl();
+    void basculerMotsDePasse();
+    void quitter();
+    void copierChamp(int colonne, bool secret, const QString &copie, const QString &vide);
+    void annoncer(const QString &texte);  // in the band, for a few seconds
+    void installerCommandes();
+    void lancer(const Commande &c);
+    Besoin selectionActuelle() const;
+    static bool convient(Besoin besoin, Besoin selection);
+    void menuLigne(const QPoint &position);
+    void afficherCompteARebours(int secondes);
+    // What the command needs selected first, as told to the user; empty when the selection suits.
+    QString selectionManquante(int index) const;
+    // After a reload, the selection goes back to the same folder or document by its
+    // keys, or is cleared when it is gone.
+    void restaurerSelection();
+    void finirMiseAJour();
+    // The selected document's row made visible, its folder opened if closed; false,
+    // with the reason told, when it can't be.
+    bool montrerDocumentCourant();
+    void effacerSelection();
+    // Shows a window modally over this one, handed first to the tests' preparation.
+    void montrerModal(FenetreCadre &fenetre);
+    void ouvrirDialogueDossier(const QString &nom, const QString &numero);
+    void ouvrirDialogueDocument(const QString &dossier);
+    void montrerDialogueDocument(FrmAjoutDoc &dialogue);
+    void placerSaisies(bool visible);
+    bool enregistrerSaisies();
+    bool enregistrerSaisie(int index);
+    bool ecrireChamp(int index, const QString &texte);
+    void annulerSaisie();
+    void entreeSaisie(int index);
+    void revenirDuCalendrier(int index);
+    void choisirDate(const QDate &jour);
+    void suivreDefilement();
+    int saisieVoisine(int index, int sens) const;
+    bool filtrerSaisie(QObject *objet, QEvent *evenement);
+    bool masquageSaisie_ = false;
+    bool retourCalendrier_ = false;
+    bool garderEnfonce_ = false;  // the command leaves its button pressed
+    bool chargementMuet_ = false;
+    int rechargements_ = 0;  // a reload after a failure already told: no second message
+    QPointer<FrmOptions> options_;
+    // The icon picker, made at its first opening; its choice goes to the document
+    // dialog when the grid's Tag says so, else to the selected document.
+    FrmPop *pop_ = nullptr;
+    QPointer<FrmAjoutDoc> dialogueDocument_;
+    void ouvrirIcones(const QPoint &position);
+    void changerIcone();
+    void iconeChoisie(int num);
+
+    // The folder or document the band names, by its keys in the base.
+    struct CleSelection {
+        bool valide = false;
+        bool dossier = false;
+        QString numDossier;
+        QString num;
+        QString rowid;
+    };
+    CleSelection selection_;
+    std::function<void(QWidget *)> preparationDialogue_;
+    void placerSelonReglages();
+    void redimensionner();
+    void clicFenetre(int index);
+    void memoriserPosition();
+    bool demanderQuitter();  // true when the user answered Yes
+    void ChargerIconesDatabase();
+    void ChargerImageList1();
+
+    int NbDossiers = 0;
+    QString legendeEntete_;
+};
