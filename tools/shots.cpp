@@ -187,18 +187,18 @@ int main(int argc, char *argv[]) {
     principale->imgCONTENU.chargerBase();
     FrmPop::IconesModifiees = true;
 
-    FrmAjoutDossier dossier(principale);
+    FrmAjoutDossier dossier(principale, principale->MG);
     dossier.Saisie->setText(QStringLiteral("Impôts"));
     ok &= enregistrer(&dossier, sortie, QStringLiteral("dialogue_dossier"));
     dossier.close();
-    FrmAjoutDoc document(principale);
+    FrmAjoutDoc document(principale, principale->MG);
     document.L[2]->setText(QStringLiteral("Banques"));
     document.Saisie[0]->setText(QStringLiteral("Carte bleue"));
     document.Saisie[1]->setText(QStringLiteral("4970 **** 1234"));
     ok &= enregistrer(&document, sortie, QStringLiteral("dialogue_document"));
     document.close();
     // The form of a document, its remarks on several lines; the generator over it.
-    FrmAjoutDoc formulaire(principale);
+    FrmAjoutDoc formulaire(principale, principale->MG);
     formulaire.L[2]->setText(QStringLiteral("Courriel"));
     formulaire.modifier({QStringLiteral("Boîte pro"), QStringLiteral("a.martin@exemple.fr"), QStringLiteral("m@ilB0x"),
                          QStringLiteral("https://mail.exemple.fr"), QString(), QStringLiteral("01/03/2024"), QString(),
@@ -219,7 +219,7 @@ int main(int argc, char *argv[]) {
     ok &= enregistrer(&modif, sortie, QStringLiteral("modif_login"));
 
     // The search window with its hits, the about box, and the help over the grid.
-    FrmRecherche recherche(principale);
+    FrmRecherche recherche(principale, principale->MG);
     recherche.OptRec[1]->setChecked(true);
     recherche.Saisie->setText(QStringLiteral("e"));
     recherche.OInterface[0]->enfoncer();
@@ -227,7 +227,7 @@ int main(int argc, char *argv[]) {
     recherche.Liste->setCurrentRow(1);
     ok &= enregistrer(&recherche, sortie, QStringLiteral("recherche"));
     recherche.close();
-    FrmAP apropos(principale);
+    FrmAP apropos(principale, principale->MG);
     ok &= enregistrer(&apropos, sortie, QStringLiteral("apropos"));
     apropos.close();
     // The pages that the build puts beside the program.
@@ -236,7 +236,7 @@ int main(int argc, char *argv[]) {
     for (const QString &page : QDir(aide).entryList(QDir::Files))
         QFile::copy(QDir(aide).filePath(page), programme.filePath(QStringLiteral("Aide/") + page));
     // The four pages of the options.
-    FrmOptions options(principale);
+    FrmOptions options(principale, principale->MG, &principale->imgCONTENU);
     options.attendreExports();
     for (int i = 0; i < 4; ++i) {
         options.Onglets[i]->click();

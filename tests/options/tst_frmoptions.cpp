@@ -213,7 +213,7 @@ private slots:
         options([&](FrmOptions *o) {
             QListWidget *liste = o->ListeIcones;
             QCOMPARE(liste->item(6)->text(), QStringLiteral("Coffre-fort"));
-            QSignalSpy changements(o, &FrmOptions::IconesModifiees);
+            QSignalSpy changements(o, &FrmOptions::iconesModifiees);
             // Icon 2 renamed in place (Enter, as F2 or a double click, then Enter), icon 3 given another picture.
             liste->setCurrentRow(1);
             QTest::keyClick(liste, Qt::Key_Return);

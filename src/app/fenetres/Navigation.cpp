@@ -37,6 +37,7 @@ void afficherPrincipale() {
     login = nullptr;
     fermer(principale);
     principale = new frmMain;
+    QObject::connect(principale, &frmMain::loginDemande, principale, [] { afficherLogin(); });
     montrer(principale);
 }
 

@@ -4,7 +4,6 @@
 #include "ui/Art.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
-#include "workspace/fenetres/frmMain.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -36,8 +35,7 @@ void PanneauStock::paintEvent(QPaintEvent *) {
     p.drawPixmap(QPoint((width() - taille.width()) / 2, (height() - taille.height()) / 2), image_);
 }
 
-FenetreDialogue::FenetreDialogue(frmMain *principale)
-    : FenetreCadre(principale), principale_(principale) {
+FenetreDialogue::FenetreDialogue(QWidget *parent, MyCoolGrid *grille) : FenetreCadre(parent), grille_(grille) {
     setWindowTitle(Messages::kTitre);
     Fond[1] = new PanneauStock(true, FondBleu);
     Fond[1]->setObjectName(QStringLiteral("Fond1"));
@@ -49,7 +47,7 @@ FenetreDialogue::FenetreDialogue(frmMain *principale)
     connect(this, &FenetreCadre::fermetureDemandee, this, &QWidget::close);
 }
 
-frmMain *FenetreDialogue::principale() const { return principale_; }
+MyCoolGrid *FenetreDialogue::grille() const { return grille_; }
 
 QColor FenetreDialogue::couleurReglage(int valeur) {
     return QColor(valeur & 0xff, (valeur >> 8) & 0xff, (valeur >> 16) & 0xff);
@@ -57,11 +55,11 @@ QColor FenetreDialogue::couleurReglage(int valeur) {
 
 void FenetreDialogue::chargerImagesStock() {
     QPixmap bande, dossier;
-    if (principale_ && principale_->MG) {
+    if (grille_) {
         // Reading the pictures leaves the grid's repainting off; the command that
         // opened the dialog turns it on again when the dialog is closed.
-        bande = principale_->MG->GetCellPicture(kLigneTitre);
-        dossier = principale_->MG->GetCellPicture(kPremierDossier);
+        bande = grille_->GetCellPicture(kLigneTitre);
+        dossier = grille_->GetCellPicture(kPremierDossier);
     }
     if (bande.isNull()) bande = Art::pixmap(QStringLiteral("grid_bande_section"), QSize(400, 20));
     if (dossier.isNull()) dossier = Art::pixmap(QStringLiteral("grid_dossier"), QSize(16, 16));
@@ -85,7 +83,7 @@ void FenetreDialogue::colorerLibelle(QLabel *libelle, int couleur, bool pastille
 void FenetreDialogue::finDeplacement() {
     // The grid behind was left unpainted while the dialog took its pictures;
     // once the dialog has been moved it must show again.
-    if (principale_ && principale_->MG) principale_->MG->Redraw(true);
+    if (grille_) grille_->Redraw(true);
 }
 
 

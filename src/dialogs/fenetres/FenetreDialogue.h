@@ -1,7 +1,8 @@
 #pragma once
-// What the two entry dialogs share: the modal display over the main window, the
-// two stock pictures of the grid in the frame, the reload of the main window's grid
-// after a write, and the colours of the settings.
+// What the dialogs share: the modal display over the window that opens them, the
+// two stock pictures of that window's grid in the frame, and the colours of the
+// settings. A dialog is handed what it reads (the grid, the image list) by its
+// caller, and tells what it wrote by its signals: it never reaches the main window.
 
 #include "ui/fenetres/FenetreCadre.h"
 
@@ -9,7 +10,7 @@
 #include <QPointer>
 
 class QLabel;
-class frmMain;
+class MyCoolGrid;
 
 // A frame part that shows a picture handed over at run time: stretched (a band)
 // or at its own size in the middle (a picture).
@@ -31,14 +32,15 @@ private:
 class FenetreDialogue : public FenetreCadre {
     Q_OBJECT
 public:
-    frmMain *principale() const;
+    // The grid of the window that opened the dialog, or null.
+    MyCoolGrid *grille() const;
 
     // A colour of the settings (red in the low byte) as Qt takes it.
     static QColor couleurReglage(int valeur);
 
 protected:
-    // principale may be null: the dialog then works alone and reloads nothing.
-    explicit FenetreDialogue(frmMain *principale);
+    // grille may be null: the dialog then works alone and reloads nothing.
+    FenetreDialogue(QWidget *parent, MyCoolGrid *grille);
 
     // Fond[1] takes the band of the grid's title row, Fond[2] the folder picture of
     // its first folder row; the artwork stands in when the grid has none.
@@ -62,6 +64,6 @@ protected:
     void closeEvent(QCloseEvent *e) override;
 
 private:
-    QPointer<frmMain> principale_;
+    QPointer<MyCoolGrid> grille_;
     bool enregistre_ = false;
 };

@@ -6,7 +6,7 @@
 
 #include <QLabel>
 
-FrmAP::FrmAP(frmMain *principale) : FenetreDialogue(principale) {
+FrmAP::FrmAP(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(parent, grille) {
     setObjectName(QStringLiteral("FrmAP"));
     definirTailleContenu(QSize(360, 150));
     centrer();

@@ -10,7 +10,7 @@ class QLabel;
 class FrmAP : public FenetreDialogue {
     Q_OBJECT
 public:
-    explicit FrmAP(frmMain *principale = nullptr);
+    explicit FrmAP(QWidget *parent = nullptr, MyCoolGrid *grille = nullptr);
 
     std::array<QLabel *, 2> L{};  // 1 the heading
     QLabel *Image1 = nullptr;

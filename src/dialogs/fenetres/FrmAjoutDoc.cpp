@@ -12,7 +12,6 @@
 #include "ui/fenetres/LimiteSaisie.h"
 #include "ui/fenetres/Messages.h"
 #include "ui/fenetres/SaisieSecrete.h"
-#include "workspace/fenetres/frmMain.h"
 
 #include <QCalendarWidget>
 #include <QFocusEvent>
@@ -85,7 +84,7 @@ int ChercherNouveauNumDocument() {
     return int(plusGrand) + 1;
 }
 
-FrmAjoutDoc::FrmAjoutDoc(frmMain *principale) : FenetreDialogue(principale) {
+FrmAjoutDoc::FrmAjoutDoc(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(parent, grille) {
     setObjectName(QStringLiteral("FrmAjoutDoc"));
     creerControles();
     placerControles();
@@ -369,12 +368,10 @@ bool FrmAjoutDoc::enregistrer() {
         Messages::information(e.message());
         return false;
     }
-    if (principale()) {
-        if (modification_)
-            principale()->documentModifie(textes);
-        else
-            principale()->documentAjoute(rowid);
-    }
+    if (modification_)
+        emit documentModifie(textes);
+    else
+        emit documentEcrit(rowid);
     return true;
 }
 

@@ -24,7 +24,7 @@ public:
     static constexpr int kDateDebut = 5;  // the two boxes the calendar serves
     static constexpr int kDateFin = 6;
 
-    explicit FrmAjoutDoc(frmMain *principale = nullptr);
+    explicit FrmAjoutDoc(QWidget *parent = nullptr, MyCoolGrid *grille = nullptr);
 
     // The icon picker's choice: the icon's number in the library and its picture.
     void choisirIcone(int numero, const QPixmap &image);
@@ -59,6 +59,11 @@ public:
 signals:
     // MIcone was clicked while pressed: the picker shows its choice now.
     void iconeDemandee();
+    // A new document was written: its rowid in the base.
+    void documentEcrit(qint64 rowid);
+    // The document of the form was written: its fields 3 to 10 as the user typed
+    // them, and 11 the icon.
+    void documentModifie(const QList<QPair<int, QString>> &champs);
 
 protected:
     void memoriserEtatInitial() override;

@@ -6,7 +6,6 @@
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/fenetres/LimiteSaisie.h"
 #include "ui/fenetres/Messages.h"
-#include "workspace/fenetres/frmMain.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -17,7 +16,7 @@ constexpr int kLargeurContenu = 380;
 constexpr int kHautBande = 30;
 }  // namespace
 
-FrmAjoutDossier::FrmAjoutDossier(frmMain *principale) : FenetreDialogue(principale) {
+FrmAjoutDossier::FrmAjoutDossier(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(parent, grille) {
     setObjectName(QStringLiteral("FrmAjoutDossier"));
     definirTailleContenu(QSize(kLargeurContenu, 136));
     centrer();
@@ -80,6 +79,6 @@ bool FrmAjoutDossier::enregistrer() {
         Messages::information(e.message());
         return false;
     }
-    if (principale()) principale()->dossierEcrit(rowid);
+    emit dossierEcrit(rowid);
     return true;
 }

@@ -12,7 +12,7 @@ class QLineEdit;
 class FrmAjoutDossier : public FenetreDialogue {
     Q_OBJECT
 public:
-    explicit FrmAjoutDossier(frmMain *principale = nullptr);
+    explicit FrmAjoutDossier(QWidget *parent = nullptr, MyCoolGrid *grille = nullptr);
 
     QLineEdit *Saisie = nullptr;  // the name, kept as typed
     // The folder's number as text: a free number for a new folder, the selected
@@ -20,6 +20,10 @@ public:
     QString TagSaisie;
     std::array<QLabel *, 2> L{};  // 0 the caption, 1 the heading
     BoutonImage *OK = nullptr;
+
+signals:
+    // The folder was written, new or renamed: its rowid in the base.
+    void dossierEcrit(qint64 rowid);
 
 protected:
     void memoriserEtatInitial() override;

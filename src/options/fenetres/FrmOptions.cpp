@@ -11,7 +11,6 @@
 #include "ui/Chaines.h"
 #include "ui/fenetres/ChoixFichier.h"
 #include "ui/fenetres/Messages.h"
-#include "workspace/fenetres/frmMain.h"
 
 #include <QCheckBox>
 #include <QGuiApplication>
@@ -56,7 +55,8 @@ BoutonImage *FrmOptions::boutonTexte(QWidget *page, const QString &texte, const 
     return b;
 }
 
-FrmOptions::FrmOptions(frmMain *principale) : FenetreDialogue(principale) {
+FrmOptions::FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images)
+    : FenetreDialogue(parent, grille), images_(images) {
     setObjectName(QStringLiteral("FrmOptions"));
     definirTailleContenu(QSize(kLargeurContenu, kHautContenu));
     centrer();
@@ -90,8 +90,8 @@ FrmOptions::FrmOptions(frmMain *principale) : FenetreDialogue(principale) {
     page_ = qBound(0, Reglages::lireNombre(Reglages::Cle::Options), 3);
     P[page_]->show();
     Onglets[page_]->enfoncer();
-    if (principale) {
-        ecriture_ = new EcritureExports(*principale->MG, this);
+    if (grille) {
+        ecriture_ = new EcritureExports(*grille, this);
         connect(ecriture_, &EcritureExports::terminee, this, &FrmOptions::exportsEcrits);
     }
     const int format = Reglages::lireNombre(Reglages::Cle::Edition);
@@ -229,10 +229,7 @@ void FrmOptions::clicExp() {
 }
 
 void FrmOptions::clicOInfo() {
-    if (OInfo[0]->estEnfonce() && principale()) {
-        principale()->MG->ReDessiner();
-        principale()->RaffraichirMG();
-    }
+    if (OInfo[0]->estEnfonce() && grille()) grille()->ReDessiner();
     OInfo[0]->relacher();
 }
 
@@ -272,7 +269,7 @@ void FrmOptions::clicCouleur(int index) {
             e->texte = choix;
             break;
         }
-        if (principale()) principale()->MG->ReDessiner();
+        if (grille()) grille()->ReDessiner();
         for (Echantillon *o : OCoul) o->update();
     }
     e->relacher();
@@ -294,7 +291,7 @@ void FrmOptions::clicOInterface() {
                 }
             }
         }
-        if (principale()) principale()->MG->ReDessiner();
+        if (grille()) grille()->ReDessiner();
     }
     OInterface[0]->relacher();
 }

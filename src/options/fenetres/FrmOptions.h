@@ -12,6 +12,7 @@
 class ApercuExport;
 class DelegueLibelle;
 class EcritureExports;
+class ListeImages;
 class QCheckBox;
 class QImage;
 class QLabel;
@@ -34,7 +35,9 @@ protected:
 class FrmOptions : public FenetreDialogue {
     Q_OBJECT
 public:
-    explicit FrmOptions(frmMain *principale);
+    // The grid of the main window, which the exports read and the colours repaint, and
+    // its icon library, which the last page edits; either may be null (nothing read).
+    FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images);
 
     std::array<BoutonImage *, 4> Onglets{};
     std::array<PanneauImage *, 4> P{};
@@ -63,7 +66,7 @@ public:
 
 signals:
     // The main window's icon library changed: a picture, a name, an icon added, or the save.
-    void IconesModifiees();
+    void iconesModifiees();
 
 protected:
     void hideEvent(QHideEvent *e) override;
@@ -98,4 +101,5 @@ private:
     EcritureExports *ecriture_ = nullptr;
     DelegueLibelle *delegueLibelle_ = nullptr;
     QLabel *etatIcones_ = nullptr;
+    ListeImages *images_ = nullptr;
 };

@@ -15,7 +15,6 @@
 #include "ui/fenetres/ChoixFichier.h"
 #include "ui/fenetres/LimiteSaisie.h"
 #include "ui/fenetres/Messages.h"
-#include "workspace/fenetres/frmMain.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -110,8 +109,8 @@ void FrmOptions::ChargerIcones() {
     const QSignalBlocker blocage(ListeIcones);
     const int selection = ListeIcones->currentRow();
     ListeIcones->clear();
-    if (!principale()) return;
-    const ListeImages &liste = principale()->imgCONTENU;
+    if (!images_) return;
+    const ListeImages &liste = *images_;
     for (int i = 1; i <= liste.nombre(); ++i) {
         const ListeImages::Entree *e = liste.entree(i);
         auto *item = new QListWidgetItem(QIcon(QPixmap::fromImage(e->image)), e->tag, ListeIcones);
@@ -121,9 +120,9 @@ void FrmOptions::ChargerIcones() {
 }
 
 bool FrmOptions::MajIcones() {
-    if (!principale()) return false;
+    if (!images_) return false;
     try {
-        BibliothequeIcones::MajIcones(principale()->imgCONTENU);
+        BibliothequeIcones::MajIcones(*images_);
         return true;
     } catch (const Base::ErreurBase &e) {
         Messages::information(e.message());
@@ -160,7 +159,7 @@ void FrmOptions::hideEvent(QHideEvent *e) {
 
 void FrmOptions::clicValDivers(int index) {
     BoutonImage *bouton = ValDivers[size_t(index)];
-    if (bouton->estEnfonce() && principale()) {
+    if (bouton->estEnfonce() && images_) {
         delegueLibelle_->validerEdition();
         switch (index) {
         case 0:
@@ -192,7 +191,7 @@ QImage FrmOptions::choisirImage() {
 void FrmOptions::ajouterIcone() {
     const QImage image = choisirImage();
     if (image.isNull()) return;
-    ListeImages &liste = principale()->imgCONTENU;
+    ListeImages &liste = *images_;
     liste.ajouter(QStringLiteral("A %1").arg(liste.numeroSuivant()), image);
     ChargerIcones();
     marquerIcones(false);
@@ -212,7 +211,7 @@ void FrmOptions::modifierIcone() {
     }
     const QImage image = choisirImage();
     if (image.isNull()) return;
-    principale()->imgCONTENU.remplacerImage(ListeIcones->row(item) + 1, image);
+    images_->remplacerImage(ListeIcones->row(item) + 1, image);
     {
         const QSignalBlocker blocage(ListeIcones);
         item->setIcon(QIcon(QPixmap::fromImage(image)));
@@ -223,16 +222,17 @@ void FrmOptions::modifierIcone() {
 
 void FrmOptions::validerIcones() {
     if (!MajIcones()) return;
-    frmMain *m = principale();
-    m->MG->ReChargerIcones(m->imgCONTENU);
-    m->MG->ReDessiner();
+    if (grille()) {
+        grille()->ReChargerIcones(*images_);
+        grille()->ReDessiner();
+    }
     ChargerIcones();  // the pictures as written
     marquerIcones(true);
     ListeIcones->setFocus();
 }
 
 void FrmOptions::renommerIcone(QListWidgetItem *item) {
-    ListeImages &liste = principale()->imgCONTENU;
+    ListeImages &liste = *images_;
     const int numero = ListeIcones->row(item) + 1;
     if (!liste.existe(numero) || liste.entree(numero)->tag == item->text()) return;
     liste.definirTag(numero, item->text());
@@ -241,5 +241,5 @@ void FrmOptions::renommerIcone(QListWidgetItem *item) {
 
 void FrmOptions::marquerIcones(bool enregistrees) {
     etatIcones_->setText(enregistrees ? kEnregistree : kAEnregistrer);
-    emit IconesModifiees();
+    emit iconesModifiees();
 }

@@ -6,7 +6,6 @@
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
-#include "workspace/fenetres/frmMain.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -21,7 +20,7 @@ constexpr int kHautBande = 30;
 constexpr int kHautContenu = 380;
 }  // namespace
 
-FrmRecherche::FrmRecherche(frmMain *principale) : FenetreDialogue(principale) {
+FrmRecherche::FrmRecherche(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(parent, grille) {
     setObjectName(QStringLiteral("FrmRecherche"));
     definirTailleContenu(QSize(kLargeurContenu, kHautContenu));
     centrer();
@@ -89,9 +88,9 @@ void FrmRecherche::clicValider() {
         // The hits of the last search stay in the list.
         Messages::information(QStringLiteral("Veuillez d'abord saisir les informations recherchées !"));
         Saisie->setFocus();
-    } else if (principale()) {
+    } else if (grille()) {
         Liste->clear();
-        const auto resultats = Recherche::chercher(*principale()->MG, Saisie->text(), OptRec[0]->isChecked());
+        const auto resultats = Recherche::chercher(*grille(), Saisie->text(), OptRec[0]->isChecked());
         for (const Recherche::Resultat &r : resultats) {
             auto *ligne = new QListWidgetItem(r.texte, Liste);
             ligne->setData(Qt::UserRole, Recherche::cleResultat(r.ligne));
@@ -107,11 +106,11 @@ void FrmRecherche::clicValider() {
 
 void FrmRecherche::choisirResultat() {
     const QListWidgetItem *ligne = Liste->currentItem();
-    if (!ligne || !ligne->isSelected() || !principale()) return;
+    if (!ligne || !ligne->isSelected() || !grille()) return;
     const int numero = Recherche::ligneDeCle(ligne->data(Qt::UserRole).toString());
     if (numero < 0) return;
     // As a click on the row: a document is selected where it is, a folder opens or closes.
-    principale()->MG->SelectLine(numero);
+    grille()->SelectLine(numero);
     close();
 }
 

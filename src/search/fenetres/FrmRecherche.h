@@ -14,7 +14,8 @@ class QRadioButton;
 class FrmRecherche : public FenetreDialogue {
     Q_OBJECT
 public:
-    explicit FrmRecherche(frmMain *principale);
+    // Searches the rows of grille and takes the user to the one chosen; null finds nothing.
+    FrmRecherche(QWidget *parent, MyCoolGrid *grille);
 
     QLineEdit *Saisie = nullptr;
     std::array<QRadioButton *, 2> OptRec{};  // 0 folders, 1 documents

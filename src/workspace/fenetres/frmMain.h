@@ -109,6 +109,10 @@ public:
     // Tests drive the modal dialogs: this runs on each one once it is ready, before it waits.
     void definirPreparationDialogue(std::function<void(QWidget *)> preparation) { preparationDialogue_ = std::move(preparation); }
 
+signals:
+    // The login window is wanted in place of this one, for Session::ModeLogin.
+    void loginDemande();
+
 protected:
     void resizeEvent(QResizeEvent *e) override;
     void closeEvent(QCloseEvent *e) override;

@@ -11,7 +11,6 @@
 #include "options/fenetres/FrmOptions.h"
 #include "search/fenetres/FrmRecherche.h"
 #include "ui/fenetres/ChoixFichier.h"
-#include "app/fenetres/Navigation.h"
 #include "store/Def.h"
 #include "store/fenetres/FrmModifLogin.h"
 #include "store/Session.h"
@@ -254,7 +253,7 @@ void frmMain::commande(int index) {
         // Back to the login, to create an account (1) or choose another (2).
         Session::ModeLogin = index == 0 ? 1 : 2;
         Boutons[index]->relacher();
-        Navigation::afficherLogin();
+        emit loginDemande();
         break;
     case 1: {
         // The copy kept of the base before is listed too: it is the way back after a bad choice.
@@ -278,7 +277,7 @@ void frmMain::commande(int index) {
         } else {
             Session::ModeLogin = 2;
         }
-        Navigation::afficherLogin();
+        emit loginDemande();
         break;
     }
     case 2: {
@@ -289,15 +288,15 @@ void frmMain::commande(int index) {
         break;
     }
     case 5: {
-        FrmRecherche recherche(this);
+        FrmRecherche recherche(this, MG);
         montrerModal(recherche);
         break;
     }
     case 6: {
         // Made at the first opening and kept: a second opening finds it as it was left.
         if (!options_) {
-            options_ = new FrmOptions(this);
-            connect(options_, &FrmOptions::IconesModifiees, this, [] { FrmPop::IconesModifiees = true; });
+            options_ = new FrmOptions(this, MG, &imgCONTENU);
+            connect(options_, &FrmOptions::iconesModifiees, this, [] { FrmPop::IconesModifiees = true; });
         }
         montrerModal(*options_);
         break;
@@ -318,7 +317,7 @@ void frmMain::commande(int index) {
         break;
     }
     case 8: {
-        FrmAP apropos(this);
+        FrmAP apropos(this, MG);
         montrerModal(apropos);
         break;
     }

@@ -22,14 +22,15 @@ void frmMain::montrerModal(FenetreCadre &fenetre) {
 }
 
 void frmMain::ouvrirDialogueDossier(const QString &nom, const QString &numero) {
-    FrmAjoutDossier dialogue(this);
+    FrmAjoutDossier dialogue(this, MG);
+    connect(&dialogue, &FrmAjoutDossier::dossierEcrit, this, &frmMain::dossierEcrit);
     dialogue.Saisie->setText(nom);
     dialogue.TagSaisie = numero;
     montrerModal(dialogue);
 }
 
 void frmMain::ouvrirDialogueDocument(const QString &dossier) {
-    FrmAjoutDoc dialogue(this);
+    FrmAjoutDoc dialogue(this, MG);
     dialogue.L[2]->setText(dossier);
     montrerDialogueDocument(dialogue);
 }
@@ -66,7 +67,7 @@ void frmMain::modifierDocument() {
         chargementMuet_ = false;
         return;
     }
-    FrmAjoutDoc dialogue(this);
+    FrmAjoutDoc dialogue(this, MG);
     dialogue.L[2]->setText(NomDossierCourant.trimmed());
     dialogue.modifier(doc.infos.mid(0, FrmAjoutDoc::kNbSaisies), doc.icone, QPixmap::fromImage(imgCONTENU.imageDeNum(doc.icone)));
     for (const auto &[indice, texte] : tapes) dialogue.definirTexte(indice - 3, texte);
@@ -76,6 +77,8 @@ void frmMain::modifierDocument() {
 
 void frmMain::montrerDialogueDocument(FrmAjoutDoc &dialogue) {
     dialogueDocument_ = &dialogue;
+    connect(&dialogue, &FrmAjoutDoc::documentEcrit, this, &frmMain::documentAjoute);
+    connect(&dialogue, &FrmAjoutDoc::documentModifie, this, &frmMain::documentModifie);
     connect(&dialogue, &FrmAjoutDoc::iconeDemandee, this, [this, &dialogue] {
         MG->Tag = QStringLiteral("A");
         ouvrirIcones(dialogue.MIcone->mapToGlobal(QPoint(0, dialogue.MIcone->height())));

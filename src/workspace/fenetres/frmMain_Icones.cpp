@@ -21,7 +21,7 @@ void frmMain::ouvrirIcones(const QPoint &position) {
         // The about box waits for the menu to close, so that it is not opened inside it.
         connect(pop_, &FrmPop::barreCliquee, this, [this] {
             QTimer::singleShot(0, this, [this] {
-                FrmAP apropos(this);
+                FrmAP apropos(this, MG);
                 montrerModal(apropos);
             });
         });
