@@ -6,8 +6,9 @@
 #include "ListesMenus.h"
 #include "menus/cTips.h"
 #include "grid/ListeImages.h"
+#include "menus/fenetres/BarreMenus.h"
+#include "menus/fenetres/PeintreMenus.h"
 #include "ui/Art.h"
-#include "modMenus.h"
 
 #include <QAction>
 #include <QFileIconProvider>
@@ -16,7 +17,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QPainter>
 #include <QScreen>
 #include <QStorageInfo>
 
@@ -25,15 +25,6 @@ using namespace modMenus;
 namespace {
 
 constexpr char kProprieteId[] = "korvaneIdMenu";
-constexpr int kLargeurBarreMin = 35;
-
-QString attribut(const QString &bloc, const char *cle) { return LireAttribut(bloc, QString::fromLatin1(cle)); }
-
-int entier(const QString &valeur, int defaut) {
-    bool ok = false;
-    const int n = valeur.trimmed().toInt(&ok);
-    return ok ? n : defaut;
-}
 
 // The room a screen leaves a menu: its height less 7 pixels.
 int hauteurUtile(const QMenu *menu) {
@@ -54,15 +45,36 @@ quint16 etatAction(const QAction *action, const QMenu *menu) {
 }  // namespace
 
 cMenuItems::cMenuItems() = default;
-
-cMenuItems::~cMenuItems() {
-    for (const Delegation &d : std::as_const(MenusDelegues)) delete d.objet;
-}
+cMenuItems::~cMenuItems() = default;
 
 cMenuItems *cMenuItems::delegue(const QMenu *menu) const {
-    const auto it = MenusDelegues.constFind(QString::number(quintptr(menu)) + u'g');
-    // A submenu gone since leaves its key behind; a new menu at the same address is not it.
-    return it != MenusDelegues.cend() && it->menu == menu ? it->objet : nullptr;
+    const auto it = menus_.find(menu);
+    // A submenu gone since leaves its entry behind; a new menu at the same address is not it.
+    return it != menus_.end() && it->second.delegue && it->second.menuDelegue == menu ? it->second.delegue.get() : nullptr;
+}
+
+TypeItemMenu *cMenuItems::trouverItem(const QMenu *menu, int id) const {
+    const auto it = menus_.find(menu);
+    if (it == menus_.end()) return nullptr;
+    const auto record = it->second.items.find(id);
+    return record != it->second.items.end() ? record->second.get() : nullptr;
+}
+
+TypePanneau *cMenuItems::trouverPanneau(const QMenu *menu) const {
+    const auto it = menus_.find(menu);
+    return it != menus_.end() ? it->second.panneau.get() : nullptr;
+}
+
+int cMenuItems::nombreItems() const {
+    int n = 0;
+    for (const auto &[menu, records] : menus_) n += int(records.items.size());
+    return n;
+}
+
+int cMenuItems::nombrePanneaux() const {
+    int n = 0;
+    for (const auto &[menu, records] : menus_) n += records.panneau ? 1 : 0;
+    return n;
 }
 
 int cMenuItems::idAction(QAction *action) {
@@ -73,9 +85,6 @@ int cMenuItems::idAction(QAction *action) {
     action->setProperty(kProprieteId, prochain);
     return prochain++;
 }
-
-QString cMenuItems::cleItem(const QMenu *menu, int id) { return QString::number(quintptr(menu)) + u'.' + QString::number(id); }
-QString cMenuItems::clePanneau(const QMenu *menu) { return QString::number(quintptr(menu)) + u'p'; }
 
 void cMenuItems::InitializeSubMenu(QWidget *fenetre, const ListeImages *imageList, cTips *tips, bool sousFenetre, QMenu *menu,
                                    const QString &tipDefaut) {
@@ -88,18 +97,17 @@ void cMenuItems::InitializeSubMenu(QWidget *fenetre, const ListeImages *imageLis
         tips_ = tips;
     }
     if (imageList) images_ = imageList;
-    if (menu && !IndexPanneaux.contains(clePanneau(menu))) {
-        Panneaux.append(TypePanneau{});
-        Panneaux.last().menu = menu;
-        IndexPanneaux.insert(clePanneau(menu), int(Panneaux.size()) - 1);
+    if (menu && !trouverPanneau(menu)) {
+        RecordsMenu &records = menus_[menu];
+        records.panneau = std::make_unique<TypePanneau>();
+        records.panneau->menu = menu;
     }
     TipDefaut = tipDefaut;
 }
 
 const TypeItemMenu *cMenuItems::GetMenuItem(int id, QMenu *menu) const {
     if (const cMenuItems *voisin = delegue(menu)) return voisin->GetMenuItem(id, menu);
-    const int index = IndexItems.value(cleItem(menu, id), 0);
-    return index > 0 ? &Items[index] : nullptr;
+    return trouverItem(menu, id);
 }
 
 const TypeItemMenu *cMenuItems::itemAction(const QAction *action, QMenu *menu) const {
@@ -112,93 +120,87 @@ int cMenuItems::padAction(const QAction *action, QMenu *menu) const {
     if (const cMenuItems *voisin = delegue(menu)) return voisin->padAction(action, menu);
     bool ok = false;
     const int id = action->property(kProprieteId).toInt(&ok);
-    const int p = IndexPanneaux.value(clePanneau(menu), 0);
-    if (!ok || p == 0) return 0;
-    return Panneaux[p].pads.value(IndexItems.value(cleItem(menu, id), 0), 0);
+    const TypePanneau *p = trouverPanneau(menu);
+    const TypeItemMenu *record = ok ? trouverItem(menu, id) : nullptr;
+    if (!p || !record) return 0;
+    const auto pad = p->pads.find(record);
+    return pad != p->pads.end() ? pad->second : 0;
 }
 
 TypePanneau *cMenuItems::GetPanelItem(QMenu *menu) {
     if (cMenuItems *voisin = delegue(menu)) return voisin->GetPanelItem(menu);
-    const int index = IndexPanneaux.value(clePanneau(menu), 0);
-    return index > 0 ? &Panneaux[index] : nullptr;
+    return trouverPanneau(menu);
 }
 
 QString cMenuItems::Tips(int id, QMenu *menu) {
     if (cMenuItems *voisin = delegue(menu)) return voisin->Tips(id, menu);
-    const TypeItemMenu *item = GetMenuItem(id, menu);
-    return item ? item->Conseil : QString();
+    const TypeItemMenu *record = GetMenuItem(id, menu);
+    return record ? record->Conseil : QString();
 }
 
 bool cMenuItems::IsWindowList(QMenu *menu, bool isSystem) {
     if (cMenuItems *voisin = delegue(menu)) return voisin->IsWindowList(menu, isSystem);
     int usable = hauteurUtile(menu);
-    int barre = 0;  // the sidebar's record
+    TypeItemMenu *barre = nullptr;  // the sidebar's record
     int colonnes = 1, hauteurColonne = 0;
     const QList<QAction *> actions = menu->actions();
     for (int position = 0; position < actions.size(); ++position) {
         QAction *action = actions[position];
         bool estBarre = false;
-        const int index = analyserItem(action, menu, position, isSystem, &estBarre);
+        TypeItemMenu *record = analyserItem(action, menu, position, isSystem, &estBarre);
         // A generated list is made anew at each opening: a list control may have changed.
-        if (Items[index].Etat & kEtatListeGeneree) deplier(action, menu, Items[index]);
+        if (record->Etat & kEtatListeGeneree) deplier(action, menu, *record);
         if (estBarre) {
-            barre = index;
+            barre = record;
             continue;
         }
         if (!action->isVisible()) continue;
         // One more column once this one is full; the columns after the second stop
         // where the first did. The frame's line above the first item counts.
-        const int h = Items[index].Hauteur;
+        const int h = record->Hauteur;
         if (barre && hauteurColonne > 0 && hauteurColonne + h + 1 > usable) {
             if (++colonnes == 2) usable = hauteurColonne + 1;
             hauteurColonne = 0;
         }
         hauteurColonne += h;
     }
-    if (!IndexPanneaux.contains(clePanneau(menu))) InitializeSubMenu(fenetre_, nullptr, tips_, true, menu, TipDefaut);
-    TypePanneau &panneau = *GetPanelItem(menu);
-    panneau.colonnes = colonnes;
-    panneau.indexBarre = barre;
+    if (!trouverPanneau(menu)) InitializeSubMenu(fenetre_, nullptr, tips_, true, menu, TipDefaut);
+    TypePanneau &p = *trouverPanneau(menu);
+    p.colonnes = colonnes;
+    p.itemBarre = barre;
     if (barre) {
-        TypeItemMenu &item = Items[barre];
         QString texte, bloc, raccourci;
-        SepareLegende(item.Legende, texte, bloc, raccourci);
+        SepareLegende(barre->Legende, texte, bloc, raccourci);
         // A sidebar that can't scroll with the columns leaves the menu; its items stay.
         if (colonnes >= 2 && !attribut(bloc, "NoScroll").isEmpty())
-            item.Etat |= kEtatBarreOtee;
+            barre->Etat |= kEtatBarreOtee;
         else
-            item.Etat &= quint16(~kEtatBarreOtee);
+            barre->Etat &= quint16(~kEtatBarreOtee);
     }
     disposer(menu, usable);
     return true;
 }
 
-int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool isSystem, bool *barre) {
+TypeItemMenu *cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool isSystem, bool *barre) {
     (void)isSystem;
     const int id = idAction(action);
-    const QString cle = cleItem(menu, id);
-    int index = IndexItems.value(cle, 0);
+    std::unique_ptr<TypeItemMenu> &record = menus_[menu].items[id];
     const quint16 etatQt = etatAction(action, menu);
-    if (index > 0 && action->text() == Items[index].texteAction && Items[index].action == action) {
+    if (record && action->text() == record->texteAction && record->action == action) {
         // A known item keeps its record; only the states of the platform are refreshed.
-        TypeItemMenu &item = Items[index];
+        TypeItemMenu &item = *record;
         constexpr quint16 kEtatsQt = kEtatCoche | kEtatDefaut | kEtatSousMenu;
         if (!(item.Etat & (kEtatSeparateur | kEtatBarre)))
             item.Etat = quint16((item.Etat & ~(kEtatsQt | kEtatGrise)) | etatQt);
         *barre = (item.Etat & kEtatBarre) && position == 0;
-        return index;
+        return &item;
     }
-    if (index == 0) {
-        if (!libres_.isEmpty()) {
-            index = libres_.takeLast();
-        } else {
-            Items.append(TypeItemMenu{});
-            index = int(Items.size()) - 1;
-        }
-        IndexItems.insert(cle, index);
-    }
-    TypeItemMenu &item = Items[index];
-    item = TypeItemMenu{};
+    // Made anew in place: the panel's pads and sidebar keep pointing at it.
+    if (record)
+        *record = TypeItemMenu{};
+    else
+        record = std::make_unique<TypeItemMenu>();
+    TypeItemMenu &item = *record;
     item.action = action;
     item.Identifiant = id;
     item.Legende = action->isSeparator() && action->text().isEmpty() ? QStringLiteral("-") : action->text();
@@ -228,7 +230,7 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
         action->setText(QString());
         action->setVisible(false);
         item.texteAction = action->text();
-        return index;
+        return &item;
     }
     if (EstSeparateur(texte)) {
         if (!attribut(bloc, "Raised").isEmpty()) item.Etat |= kEtatRelief;
@@ -274,7 +276,7 @@ int cMenuItems::analyserItem(QAction *action, QMenu *menu, int position, bool is
     // the column by the shortcut's width a second time.
     action->setText(item.Texte);
     item.texteAction = action->text();
-    return index;
+    return &item;
 }
 
 void cMenuItems::deplier(QAction *action, QMenu *menu, TypeItemMenu &item) {
@@ -305,10 +307,10 @@ void cMenuItems::deplier(QAction *action, QMenu *menu, TypeItemMenu &item) {
     }
     action->setMenu(popup);
     item.Etat |= kEtatSousMenu;
-    auto *objet = new cMenuItems;
-    objet->InitializeSubMenu(fenetre_, images_, tips_, true, popup, conseil);
-    MenusDelegues.insert(QString::number(quintptr(popup)) + u'g', Delegation{popup, objet});
-    suivreMenu(popup);
+    RecordsMenu &records = menus_[popup];
+    records.menuDelegue = popup;
+    records.delegue = std::make_unique<cMenuItems>();
+    records.delegue->InitializeSubMenu(fenetre_, images_, tips_, true, popup, conseil);
 }
 
 void cMenuItems::lireFichierOuLecteur(TypeItemMenu &item, const QString &bloc) {
@@ -383,66 +385,64 @@ void cMenuItems::mesurerItem(TypeItemMenu &item) {
 }
 
 void cMenuItems::disposer(QMenu *menu, int usable) {
-    TypePanneau &panneau = *GetPanelItem(menu);
+    TypePanneau &panneau = *trouverPanneau(menu);
     panneau.HasImages = false;
     panneau.largeurImages = 16;
     panneau.pads.clear();
     // Column by column: the pad makes room for shortcuts and submenu arrows.
-    QList<int> colonne;
+    QList<const TypeItemMenu *> colonne;
     int hauteurColonne = 0, hauteurPremiere = -1, nombre = 0;
     bool raisonRendu = false;
     auto finirColonne = [&] {
         bool raccourci = false, sousMenu = false;
-        for (int i : colonne) {
-            raccourci |= !Items[i].Raccourci.isEmpty();
-            sousMenu |= (Items[i].Etat & kEtatSousMenu) != 0;
+        for (const TypeItemMenu *i : std::as_const(colonne)) {
+            raccourci |= !i->Raccourci.isEmpty();
+            sousMenu |= (i->Etat & kEtatSousMenu) != 0;
         }
         int pad = 0;
         if (raccourci && DecalageSysteme() == 0) pad = sousMenu ? 35 : 15;
-        for (int i : colonne) panneau.pads.insert(i, pad + ((Items[i].Etat & kEtatNuancier) ? 10 : 0));
+        for (const TypeItemMenu *i : std::as_const(colonne)) panneau.pads[i] = pad + ((i->Etat & kEtatNuancier) ? 10 : 0);
         if (hauteurPremiere < 0) hauteurPremiere = hauteurColonne;
         colonne.clear();
         hauteurColonne = 0;
     };
-    const bool avecBarre = panneau.indexBarre > 0;
+    const bool avecBarre = panneau.itemBarre != nullptr;
     for (QAction *action : menu->actions()) {
-        const int index = IndexItems.value(cleItem(menu, idAction(action)), 0);
-        if (index == 0 || index == panneau.indexBarre || !action->isVisible()) continue;
-        const TypeItemMenu &item = Items[index];
+        const TypeItemMenu *record = trouverItem(menu, idAction(action));
+        if (!record || record == panneau.itemBarre || !action->isVisible()) continue;
+        const TypeItemMenu &item = *record;
         ++nombre;
         panneau.HasImages |= !item.Image.isEmpty() || !item.imageFichier.isNull();
         // Pictures show at their own size, up to the item's height: 18 by 18 stays so.
         panneau.largeurImages = qMax(panneau.largeurImages, qMin(imageItem(item).width(), qMax(16, item.Hauteur - 4)));
         if (!item.Image.isEmpty() && !item.Image.startsWith(u'i')) raisonRendu = true;  // an image by name
         if (avecBarre && !colonne.isEmpty() && hauteurColonne + item.Hauteur + 1 > usable) finirColonne();
-        colonne.append(index);
+        colonne.append(record);
         hauteurColonne += item.Hauteur;
     }
     finirColonne();
-    if (!avecBarre) {
-        preparerAffichage(menu, 0);
-        return;
-    }
-    TypeItemMenu &barre = Items[panneau.indexBarre];
+    panneau.margeGauche = 0;
+    if (!avecBarre) return;
+    TypeItemMenu &barre = *panneau.itemBarre;
     const bool otee = barre.Etat & kEtatBarreOtee;
     const int H = qMax(hauteurPremiere, 1);
     if (!otee && (barre.Hauteur != H || barre.Raccourci == u"Remeasure" || raisonRendu || nombre > 50 || panneau.barre.isNull())) {
         barre.Hauteur = H;
         rendreBarre(menu, H);
     }
-    preparerAffichage(menu, otee ? 0 : panneau.largeurBarre);
+    panneau.margeGauche = otee ? 0 : panneau.largeurBarre;
 }
 
 void cMenuItems::rendreBarre(QMenu *menu, int hauteur) {
     if (cMenuItems *voisin = delegue(menu)) return voisin->rendreBarre(menu, hauteur);
-    TypePanneau *panneau = GetPanelItem(menu);
-    if (!panneau || panneau->indexBarre == 0) return;
-    TypeItemMenu &item = Items[panneau->indexBarre];
+    TypePanneau *panneau = trouverPanneau(menu);
+    if (!panneau || !panneau->itemBarre) return;
+    TypeItemMenu &item = *panneau->itemBarre;
     QString texte, bloc, raccourci;
     SepareLegende(item.Legende, texte, bloc, raccourci);
     const QImage image = imageBarre(attribut(bloc, "IMG:"));
     if (!image.isNull())
-        rendreBarreImage(*panneau, item, bloc, hauteur);
+        rendreBarreImage(*panneau, image, bloc, hauteur);
     else if (QString copie = bloc; !ExtraireTexteBarre(copie).trimmed().isEmpty())
         rendreBarreTexte(*panneau, item, bloc, hauteur);
     else
@@ -476,156 +476,44 @@ QImage cMenuItems::imageBarre(const QString &valeur) const {
     return controle ? controle->pixmap().toImage() : QImage();
 }
 
-namespace {
-
-// The back of a sidebar: BColor: (empty or 1: the menu's colour), a gradient towards
-// GColor: when it differs, or for -1 the top left pixel of the picture.
-void peindreFondBarre(QPainter &p, const QRect &rect, const QString &bloc, const QImage *image) {
-    const QString valeurFond = LireAttribut(bloc, QStringLiteral("BColor:")).trimmed();
-    int fond = CouleurMenu();
-    if (!valeurFond.isEmpty() && valeurFond != u"1") fond = valeurFond == u"-1" ? -1 : LireCouleur(valeurFond, -1);
-    const int degrade = LireCouleur(LireAttribut(bloc, QStringLiteral("GColor:")), 1);
-    if (degrade != 1 && degrade != fond && fond >= 0) {
-        Degrade(fond, degrade, false, p, rect);
-    } else if (fond < 0) {
-        p.fillRect(rect, image && !image->isNull() ? image->pixelColor(0, 0) : versCouleur(CouleurMenu()));
-    } else {
-        p.fillRect(rect, versCouleur(fond));
-    }
-}
-
-}  // namespace
-
-void cMenuItems::rendreBarreImage(TypePanneau &panneau, const TypeItemMenu &item, const QString &bloc, int H) {
-    (void)item;
-    const QImage image = imageBarre(attribut(bloc, "IMG:"));
-    const int W = qMax(kLargeurBarreMin, entier(attribut(bloc, "Width:"), 0));
-    const QString align = attribut(bloc, "Align:").trimmed().toUpper();
-    QSize taille = image.size();
-    if (taille.width() > W || taille.height() > H) taille = taille.scaled(W, H, Qt::KeepAspectRatio);
-    const int x = (W - taille.width()) / 2;
-    const int y = align == u"TOP" ? 0 : align == u"BOT" ? H - taille.height() : (H - taille.height()) / 2;
-    QPixmap rendu(W, H);
-    QPainter p(&rendu);
-    peindreFondBarre(p, rendu.rect(), bloc, &image);
-    const QRect cible(x, y, taille.width(), taille.height());
-    if (!attribut(bloc, "Transparent").isEmpty()) {
-        DessinerTransparent(p, cible, image, -1);
-    } else {
-        p.setRenderHint(QPainter::SmoothPixmapTransform);
-        p.drawImage(cible, image);
-    }
-    p.end();
-    panneau.barre = rendu;
-    panneau.largeurBarre = W;
-}
-
-void cMenuItems::rendreBarreTexte(TypePanneau &panneau, TypeItemMenu &item, QString bloc, int H) {
-    const QString texte = ExtraireTexteBarre(bloc);
-    const QString famille = attribut(bloc, "Font:").isEmpty() ? QStringLiteral("Arial") : attribut(bloc, "Font:");
-    const int taille = qBound(7, entier(attribut(bloc, "FSize:"), 11), 24);
-    const int tailleMin = qBound(5, entier(attribut(bloc, "MinFSize:"), 5), taille);
-    int W = qMax(kLargeurBarreMin, entier(attribut(bloc, "Width:"), 0));
-    const int couleurTexte = LireCouleur(attribut(bloc, "FColor:"), 0);
-    QFont police(famille);
-    police.setWeight(attribut(bloc, "Bold").isEmpty() ? QFont::Normal : QFont::ExtraBold);
-    police.setItalic(!attribut(bloc, "Italic").isEmpty());
-    police.setUnderline(!attribut(bloc, "Underline").isEmpty());
-
-    // The largest size, and then the fewest lines, with which the text fits along H.
-    QStringList lignes{texte};
-    int points = taille;
-    police.setPointSize(points);
-    QString joint = ComposerLignes(lignes, true, QFontMetrics(police), H);
-    int w = 0, h = 0;
-    for (;;) {
-        auto mesurer = [&] {
-            const QRect r = QFontMetrics(police).boundingRect(QRect(0, 0, 100000, 100000), Qt::AlignCenter, joint);
-            w = r.width();
-            h = r.height();
-        };
-        mesurer();
-        while (w + 6 > H || h > W) {
-            if (points - 1 < tailleMin) break;
-            police.setPointSize(--points);
-            mesurer();
-        }
-        if (w + 6 <= H) break;
-        if (h < W) {
-            points = taille;
-            police.setPointSize(points);
-        }
-        const QString suivant = ComposerLignes(lignes, false, QFontMetrics(police), H);
-        if (suivant.isEmpty()) break;
-        joint = suivant;
-    }
-    if (h + 6 > W) W = h + 6;
-    QPixmap rendu(W, H);
-    QPainter p(&rendu);
-    peindreFondBarre(p, rendu.rect(), bloc, nullptr);
-    p.setFont(police);
-    p.setPen(versCouleur(couleurTexte));
-    const QFontMetrics mesures(police);
-    const qreal pas = mesures.boundingRect(QStringLiteral("X")).height() * 1.5;
-    const QString align = attribut(bloc, "Align:").trimmed().toUpper();
-    // Written from bottom to top: the painter turned a quarter left.
-    p.rotate(-90);
-    qreal travers = (W - h) / 2.0 + mesures.ascent();
-    for (QString ligne : std::as_const(lignes)) {
-        ligne.replace(QStringLiteral("<br0>"), QStringLiteral(" "), Qt::CaseInsensitive);
-        ligne.replace(QStringLiteral("<br>"), QStringLiteral(" "), Qt::CaseInsensitive);
-        const int t = mesures.horizontalAdvance(ligne);
-        const int depart = align == u"BOT" ? H - 3 : align == u"TOP" ? t + 3 : (H - t) / 2 + t;
-        p.drawText(QPointF(-depart, travers), ligne);
-        travers += pas;
-    }
-    p.end();
-    panneau.barre = rendu;
-    panneau.largeurBarre = W;
-    item.Largeur = W;
-}
-
 bool cMenuItems::MenuSelected(int id, QMenu *menu, bool isSystem) {
     if (!isSystem)
         if (cMenuItems *voisin = delegue(menu)) return voisin->MenuSelected(id, menu, isSystem);
-    const TypeItemMenu *item = GetMenuItem(id, menu);
-    if (!item) return false;
-    return RouterChoix(item->Legende, tips_, item->ListeLiee, fenetre_);
+    const TypeItemMenu *record = GetMenuItem(id, menu);
+    if (!record) return false;
+    return RouterChoix(record->Legende, tips_, record->ListeLiee, fenetre_);
 }
 
 void cMenuItems::UpdateMenuItems(QMenu *menu) {
     // After the loop, what the application changed meanwhile on its actions shows
     // at the next opening: check and enabled states follow the actions.
     for (QAction *action : menu->actions()) {
-        const int index = IndexItems.value(cleItem(menu, idAction(action)), 0);
-        if (index == 0) continue;
-        TypeItemMenu &item = Items[index];
-        if (item.Etat & (kEtatSeparateur | kEtatBarre)) continue;
-        item.Etat = quint16((item.Etat & ~(kEtatCoche | kEtatGrise)) | (etatAction(action, menu) & (kEtatCoche | kEtatGrise)));
+        TypeItemMenu *record = trouverItem(menu, idAction(action));
+        if (!record || (record->Etat & (kEtatSeparateur | kEtatBarre))) continue;
+        record->Etat = quint16((record->Etat & ~(kEtatCoche | kEtatGrise)) | (etatAction(action, menu) & (kEtatCoche | kEtatGrise)));
     }
 }
 
 void cMenuItems::DestroyPopup(QMenu *menu, int id) {
-    const TypeItemMenu *item = GetMenuItem(id, menu);
-    QMenu *popup = item && item->action ? item->action->menu() : nullptr;
+    const TypeItemMenu *record = GetMenuItem(id, menu);
+    QMenu *popup = record && record->action ? record->action->menu() : nullptr;
     if (!popup) return;
-    const QString cle = QString::number(quintptr(popup)) + u'g';
-    delete MenusDelegues.take(cle).objet;
-    IndexPanneaux.remove(clePanneau(popup));
-    item->action->setMenu(nullptr);
+    menus_.erase(popup);
+    record->action->setMenu(nullptr);
     delete popup;
 }
 
 void cMenuItems::oublierAction(QAction *action, QMenu *menu) {
     bool ok = false;
     const int id = action ? action->property(kProprieteId).toInt(&ok) : 0;
-    if (!ok) return;
-    const int index = IndexItems.take(cleItem(menu, id));
-    if (index <= 0) return;
-    if (index == Items.size() - 1) {
-        Items.removeLast();
-    } else {
-        Items[index] = TypeItemMenu{};
-        libres_.append(index);
+    const auto it = ok ? menus_.find(menu) : menus_.end();
+    if (it == menus_.end()) return;
+    const auto record = it->second.items.find(id);
+    if (record == it->second.items.end()) return;
+    // The panel forgets the record before it goes.
+    if (TypePanneau *p = it->second.panneau.get()) {
+        p->pads.erase(record->second.get());
+        if (p->itemBarre == record->second.get()) p->itemBarre = nullptr;
     }
+    it->second.items.erase(record);
 }

@@ -1,73 +1,23 @@
 #pragma once
 // What the owner-drawn menus keep for one attached window: a record per prepared
-// action, a panel per prepared menu, the image list and the tip receiver.
+// action, a panel per prepared menu, the image list and the tip receiver. It
+// prepares, measures and lays out a menu; the life cycle of menus (modMenus) calls
+// it, the style and the painter read its records, and it calls none of them.
 
-#include <QHash>
+#include "menus/cTips.h"
+#include "menus/fenetres/TypesMenus.h"
+
 #include <QImage>
-#include <QList>
-#include <QPixmap>
 #include <QPointer>
 #include <QString>
 
-#include "menus/cTips.h"
+#include <memory>
+#include <unordered_map>
 
 class ListeImages;
 class QAction;
 class QMenu;
 class QWidget;
-
-namespace modMenus {
-
-// Bits of TypeItemMenu::Etat.
-enum : quint16 {
-    kEtatSeparateur = 2,
-    kEtatGrise = 4,
-    kEtatCoche = 8,
-    kEtatDefaut = 16,
-    kEtatRelief = 32,
-    kEtatBarre = 64,
-    kEtatBarreOtee = 128,  // a NoScroll sidebar dropped because the menu has columns
-    kEtatSousMenu = 0x0200,
-    kEtatListeGeneree = 0x0400,
-    kEtatNuancier = 0x0800,
-    kEtatEchantillon = 0x1000,
-};
-
-struct TypeItemMenu {
-    QString Legende;    // the raw caption as the application gave it
-    QString Texte;
-    QString Raccourci;  // or "Remeasure" on a sidebar to render again
-    QString Conseil;
-    int Largeur = 0;
-    int Hauteur = 0;
-    int Identifiant = 0;
-    QString Image;         // "i" + n for picture n of the image list, or the name of a control
-    QImage imageFichier;   // the picture of a file or drive entry, from the desktop
-    bool FondImage = false;
-    quint8 TypeListe = 0;
-    QPointer<QWidget> ListeLiee;
-    int ControleLie = 0;
-    quint16 Etat = 0;
-    // What the action showed when it was prepared: an action whose text the
-    // application changed since is read again.
-    QString texteAction;
-    QPointer<QAction> action;
-};
-
-struct TypePanneau {
-    QPointer<QMenu> menu;
-    QPixmap barre;       // the rendered sidebar, kept until the menu's height changes
-    int hauteurBarre = -1;  // the height it was rendered for; -1 nothing measured yet
-    int largeurBarre = 0;
-    int largeurImages = 16;  // the image column: the widest picture of the menu
-    int indexBarre = 0;     // the sidebar's record, 0 for none
-    bool HasImages = false;
-    int colonnes = 0;
-    QHash<int, int> pads;   // the extra width of each record of the menu, by its index
-    int rendus = 0;         // how many times its sidebar was rendered
-};
-
-}  // namespace modMenus
 
 class cMenuItems {
 public:
@@ -87,7 +37,9 @@ public:
     const ListeImages *ImageListObject() const { return images_; }
     QString TipDefaut;
 
-    // Prepares the menu about to show: each action becomes an owner-drawn record.
+    // Prepares the menu about to show: each action becomes an owner-drawn record, and
+    // the panel says how wide a band the menu keeps for its sidebar (margeGauche).
+    // A list item gets its generated submenu, which the caller then follows.
     // True when the menu must be remembered for this menu loop.
     bool IsWindowList(QMenu *menu, bool isSystem);
     // A picked action: true when the pick was the engine's own (a generated list
@@ -114,13 +66,22 @@ public:
     QImage imageItem(const modMenus::TypeItemMenu &item) const;
 
     // For tests and benchmarks.
-    int nombreItems() const { return int(Items.size()) - 1; }
-    int nombrePanneaux() const { return int(Panneaux.size()) - 1; }
+    int nombreItems() const;
+    int nombrePanneaux() const;
 
     static int idAction(QAction *action);
 
 private:
-    int analyserItem(QAction *action, QMenu *menu, int position, bool isSystem, bool *barre);
+    // What is kept for one menu: its panel and a record per prepared action, by the
+    // action's id; or, for a generated submenu, the object that prepares it.
+    struct RecordsMenu {
+        std::unique_ptr<modMenus::TypePanneau> panneau;
+        std::unordered_map<int, std::unique_ptr<modMenus::TypeItemMenu>> items;
+        QPointer<QMenu> menuDelegue;  // a submenu gone since is not the new menu at its address
+        std::unique_ptr<cMenuItems> delegue;
+    };
+
+    modMenus::TypeItemMenu *analyserItem(QAction *action, QMenu *menu, int position, bool isSystem, bool *barre);
     // The submenu that a list keyword or a linked list control stands for, made anew.
     void deplier(QAction *action, QMenu *menu, modMenus::TypeItemMenu &item);
     // A file entry (gEXE:) or a drive entry (LDrv:) takes its picture, name and tip
@@ -128,28 +89,16 @@ private:
     void lireFichierOuLecteur(modMenus::TypeItemMenu &item, const QString &bloc);
     // The object that prepares a generated submenu, or null.
     cMenuItems *delegue(const QMenu *menu) const;
+    // The record of action id in menu, or null.
+    modMenus::TypeItemMenu *trouverItem(const QMenu *menu, int id) const;
+    modMenus::TypePanneau *trouverPanneau(const QMenu *menu) const;
     void mesurerItem(modMenus::TypeItemMenu &item);
     void disposer(QMenu *menu, int usable);
-    void rendreBarreImage(modMenus::TypePanneau &panneau, const modMenus::TypeItemMenu &item, const QString &bloc, int H);
-    void rendreBarreTexte(modMenus::TypePanneau &panneau, modMenus::TypeItemMenu &item, QString bloc, int H);
     QImage imageBarre(const QString &valeur) const;
-    static QString cleItem(const QMenu *menu, int id);
-    static QString clePanneau(const QMenu *menu);
 
     QWidget *fenetre_ = nullptr;
     QPointer<cTips> tips_, tipsPrecedent_;
     const ListeImages *images_ = nullptr;
-    QList<modMenus::TypeItemMenu> Items{1};
-    QList<modMenus::TypePanneau> Panneaux{1};
-    QHash<QString, int> IndexItems;
-    QList<int> libres_;  // records of removed actions, for the next new ones
-    QHash<QString, int> IndexPanneaux;
-    // The generated submenus, by the submenu's address and "g": each is prepared by
-    // an object of its own, which this one owns and forwards to.
-    struct Delegation {
-        QPointer<QMenu> menu;
-        cMenuItems *objet = nullptr;
-    };
-    QHash<QString, Delegation> MenusDelegues;
+    std::unordered_map<const QObject *, RecordsMenu> menus_;
     int prochainIdListe_ = 1;  // the ids of generated entries
 };
