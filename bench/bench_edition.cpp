@@ -65,7 +65,9 @@ void BM_OuvrirLeFormulaire(benchmark::State &s) {
 
 void BM_EnregistrerLeFormulaire(benchmark::State &s) {
     Fenetre fenetre(int(s.range(0)));
-    FrmAjoutDoc formulaire(fenetre.f);
+    FrmAjoutDoc formulaire(fenetre.f, fenetre.f->MG);
+    // The row of the main window shows what the form wrote, as when the window opens it.
+    QObject::connect(&formulaire, &FrmAjoutDoc::documentModifie, fenetre.f, &frmMain::documentModifie);
     QStringList champs;
     for (int c = 3; c <= 10; ++c) champs << fenetre.f->MG->GetColumnInfos(fenetre.ligne, c);
     formulaire.modifier(champs, 0, {});

@@ -88,7 +88,7 @@ void BM_OuvrirOptions(benchmark::State &s) {
     frmMain *f = principale(int(s.range(0)));
     Reglages::ecrire(Reglages::Cle::Options, 0);
     for (auto _ : s) {
-        auto *o = new FrmOptions(f);
+        auto *o = new FrmOptions(f, f->MG, &f->imgCONTENU);
         o->show();
         QApplication::processEvents();
         s.PauseTiming();
@@ -104,7 +104,7 @@ void BM_ApercuPret(benchmark::State &s) {
     frmMain *f = principale(int(s.range(0)));
     Reglages::ecrire(Reglages::Cle::Options, 0);
     for (auto _ : s) {
-        auto *o = new FrmOptions(f);
+        auto *o = new FrmOptions(f, f->MG, &f->imgCONTENU);
         o->show();
         o->attendreExports();
         QApplication::processEvents();
@@ -120,7 +120,7 @@ void BM_ApercuPret(benchmark::State &s) {
 void BM_ChangerFormat(benchmark::State &s) {
     frmMain *f = principale(int(s.range(0)));
     Reglages::ecrire(Reglages::Cle::Options, 0);
-    auto *o = new FrmOptions(f);
+    auto *o = new FrmOptions(f, f->MG, &f->imgCONTENU);
     o->show();
     o->attendreExports();
     QApplication::processEvents();
@@ -138,7 +138,7 @@ void BM_ChangerFormat(benchmark::State &s) {
 int mesurerMemoire(int documents) {
     frmMain *f = principale(documents);
     const long avant = BasesBanc::memoireKo();
-    auto *o = new FrmOptions(f);
+    auto *o = new FrmOptions(f, f->MG, &f->imgCONTENU);
     o->show();
     QApplication::processEvents();
     const long ouverte = BasesBanc::memoireKo();

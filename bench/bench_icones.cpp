@@ -69,7 +69,7 @@ void BM_Valider(benchmark::State &s) {
     environnement();
     Navigation::afficherPrincipale();
     frmMain *f = Navigation::fenetrePrincipale();
-    FrmOptions options(f);
+    FrmOptions options(f, f->MG, &f->imgCONTENU);
     for (auto _ : s) options.ValDivers[2]->click();
     s.counters["icones"] = f->imgCONTENU.nombre();
     options.close();
