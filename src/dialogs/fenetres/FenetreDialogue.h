@@ -32,13 +32,13 @@ private:
 class FenetreDialogue : public FenetreCadre {
     Q_OBJECT
 public:
-    // The grid of the window that opened the dialog, or null.
-    MyCoolGrid *grille() const;
-
     // A colour of the settings (red in the low byte) as Qt takes it.
     static QColor couleurReglage(int valeur);
 
 protected:
+    // The grid of the window that opened the dialog, or null.
+    MyCoolGrid *grille() const;
+
     // grille may be null: the dialog then works alone and reloads nothing.
     FenetreDialogue(QWidget *parent, MyCoolGrid *grille);
 
