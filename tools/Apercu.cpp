@@ -2,6 +2,7 @@
 
 #include "grid/fenetres/MyCoolGrid.h"
 #include "store/IconesStock.h"
+#include "ui/Apparence.h"
 #include "ui/Chaines.h"
 
 #include <QCoreApplication>
@@ -36,7 +37,7 @@ bool rendreApercu(const QString &cheminPng) {
         ListeImages stock;
         const auto icones = IconesStock::icones();
         for (qsizetype i = 0; i < icones.size(); ++i)
-            stock.ajouter(QStringLiteral("A %1").arg(i + 1), QImage::fromData(icones[i].octets), icones[i].libelle);
+            stock.ajouter(Apparence::cleIcone(i + 1), QImage::fromData(icones[i].octets), icones[i].libelle);
         grille.ReChargerIcones(stock);
     }
     grille.resize(820, 330);

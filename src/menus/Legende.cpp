@@ -1,5 +1,7 @@
 #include "Legende.h"
 
+#include "ui/Apparence.h"
+
 #include <QGuiApplication>
 #include <QPalette>
 #include <QStringView>
@@ -324,7 +326,7 @@ int CouleurReelle(int couleur) {
     // Without a graphical application there is no desktop palette: a plain grey one.
     const QPalette palette = qGuiApp ? QGuiApplication::palette() : QPalette(QColor(0xEF, 0xEF, 0xEF));
     const QColor c = palette.color(kRolesSysteme[index].groupe, kRolesSysteme[index].role);
-    return c.red() | (c.green() << 8) | (c.blue() << 16);
+    return Apparence::nombre(c);
 }
 
 int LireCouleur(const QString &valeur, int defaut) {

@@ -7,6 +7,7 @@
 #include "options/fenetres/FrmOptions.h"
 #include "support/BaseExemple.h"
 #include "support/PrincipaleTest.h"
+#include "ui/Apparence.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 
@@ -141,21 +142,21 @@ private slots:
             QTest::mouseClick(o->Onglets[2], Qt::LeftButton);
             ChoixFichier::prevoirCouleurs({0x112233, 0x445566, -1});
             QTest::mouseClick(o->OCoul[0], Qt::LeftButton);   // background
-            QCOMPARE(o->couleurFond(4), 0x112233);           // the document sample follows it
+            QCOMPARE(o->OCoul[4]->fond, 0x112233);           // the document sample follows it
             QTest::mouseClick(o->OCoul[3], Qt::LeftButton);   // folder labels
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0);
             // A cancel gives back the colour the dialog was given: the sample's back colour.
             QTest::mouseClick(o->OCoul[1], Qt::LeftButton);
-            QCOMPARE(o->couleurTexte(1), o->couleurFond(1));
+            QCOMPARE(o->OCoul[1]->texte, o->OCoul[1]->fond);
             QTest::mouseClick(o->OInterface[0], Qt::LeftButton);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::Backcolor), 0x112233);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0x445566);
-            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurTitre), o->couleurFond(1));
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurTitre), o->OCoul[1]->fond);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 14737632);
             QCOMPARE(f->MG->cellules().BackColor, 0x112233);
             // The tabs stand on that background: their captions must read there.
             const int ecart = o->Onglets[0]->palette().color(QPalette::ButtonText).lightness() -
-                              FenetreDialogue::couleurReglage(0x112233).lightness();
+                              Apparence::couleur(0x112233).lightness();
             QVERIFY2(qAbs(ecart) > 120, qPrintable(QString::number(ecart)));
         });
     }

@@ -1,6 +1,7 @@
 #include "FenetreDialogue.h"
 
 #include "grid/fenetres/MyCoolGrid.h"
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
@@ -49,10 +50,6 @@ FenetreDialogue::FenetreDialogue(QWidget *parent, MyCoolGrid *grille) : FenetreC
 
 MyCoolGrid *FenetreDialogue::grille() const { return grille_; }
 
-QColor FenetreDialogue::couleurReglage(int valeur) {
-    return QColor(valeur & 0xff, (valeur >> 8) & 0xff, (valeur >> 16) & 0xff);
-}
-
 void FenetreDialogue::chargerImagesStock() {
     QPixmap bande, dossier;
     if (grille_) {
@@ -68,7 +65,7 @@ void FenetreDialogue::chargerImagesStock() {
 }
 
 void FenetreDialogue::colorerLibelle(QLabel *libelle, int couleur, bool pastille) {
-    const QColor texte = couleurReglage(couleur);
+    const QColor texte = Apparence::couleur(couleur);
     // A light colour goes on the navy of the frame; a dark one on the light band,
     // or on white when it stands in a box of its own.
     const bool clair = texte.lightness() > 150;

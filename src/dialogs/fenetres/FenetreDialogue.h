@@ -32,8 +32,6 @@ private:
 class FenetreDialogue : public FenetreCadre {
     Q_OBJECT
 public:
-    // A colour of the settings (red in the low byte) as Qt takes it.
-    static QColor couleurReglage(int valeur);
 
 protected:
     // The grid of the window that opened the dialog, or null.

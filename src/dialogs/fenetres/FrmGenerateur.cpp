@@ -1,5 +1,6 @@
 #include "FrmGenerateur.h"
 
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
@@ -71,7 +72,7 @@ FrmGenerateur::FrmGenerateur(QWidget *parent) : FenetreCadre(parent) {
 
     auto *titreLongueur = new QLabel(QStringLiteral("Longueur  "), FondBleu);
     titreLongueur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    titreLongueur->setStyleSheet(QStringLiteral("background: #000000; color: #ffffff; font-weight: bold; border-radius: 3px;"));
+    titreLongueur->setStyleSheet(Apparence::kStyleEtiquette);
     activerDeplacement(titreLongueur);
     Longueur = new QSlider(Qt::Horizontal, FondBleu);
     Longueur->setObjectName(QStringLiteral("Longueur"));
@@ -93,12 +94,12 @@ FrmGenerateur::FrmGenerateur(QWidget *parent) : FenetreCadre(parent) {
         Classes[i] = new QCheckBox(QString::fromUtf8(kNomsClasses[i]), FondBleu);
         Classes[i]->setObjectName(QStringLiteral("Classes%1").arg(i));
         Classes[i]->setChecked(true);
-        Classes[i]->setStyleSheet(kStyleChoix);
+        Classes[i]->setStyleSheet(Apparence::kStyleChoix);
         connect(Classes[i], &QCheckBox::toggled, this, [this] { generer(); });
     }
     SansSosies = new QCheckBox(QStringLiteral("Exclure les caractères qui se ressemblent : 0 O o 1 l I |"), FondBleu);
     SansSosies->setObjectName(QStringLiteral("SansSosies"));
-    SansSosies->setStyleSheet(kStyleChoix);
+    SansSosies->setStyleSheet(Apparence::kStyleChoix);
     connect(SansSosies, &QCheckBox::toggled, this, [this] { generer(); });
 
     Utiliser = creerBoutonOK();

@@ -1,5 +1,6 @@
 #include "MyCoolGrid.h"
 
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 
 #include <QContextMenuEvent>
@@ -53,7 +54,7 @@ const ImageTitre *bande(const Cellule &cel) {
 }
 
 // Stored colours keep red in the low byte.
-QColor couleur(int valeur) { return QColor(valeur & 0xFF, (valeur >> 8) & 0xFF, (valeur >> 16) & 0xFF); }
+using Apparence::couleur;
 
 }  // namespace
 
@@ -129,7 +130,7 @@ void MyCoolGrid::appliquerCadre() {
         setFrameStyle(QFrame::Box | QFrame::Plain);
         setLineWidth(1);
         QPalette palette = this->palette();
-        palette.setColor(QPalette::WindowText, QColor(0x8c, 0x98, 0xb0));
+        palette.setColor(QPalette::WindowText, Apparence::kArdoise);
         setPalette(palette);
     }
 }
@@ -404,7 +405,7 @@ void MyCoolGrid::paintEvent(QPaintEvent *evenement) {
         peindreLignes(p, 2, g.Rows() - 1, decalage, defilee, bords);
         // Where the keyboard stands, while the grid has it.
         if (hasFocus() && LigneCourante >= 2 && g.existe(LigneCourante) && g.hauteurPixels(LigneCourante) > 0) {
-            p.setPen(QPen(QColor(0x2e, 0x3f, 0x66), 1, Qt::DotLine));
+            p.setPen(QPen(Apparence::kMarine, 1, Qt::DotLine));
             p.setBrush(Qt::NoBrush);
             p.drawRect(0, g.hautPixels(LigneCourante) - decalage, largeur - 1, g.hauteurPixels(LigneCourante) - 1);
         }

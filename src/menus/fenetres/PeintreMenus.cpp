@@ -1,6 +1,7 @@
 #include "PeintreMenus.h"
 
 #include "menus/Legende.h"
+#include "ui/Apparence.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -268,8 +269,7 @@ void PoliceNommee(const QString &nom) {
 }
 
 QColor versCouleur(int couleur) {
-    const int c = CouleurReelle(couleur);
-    return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+    return Apparence::couleur(CouleurReelle(couleur));
 }
 
 int CouleurMenu() { return CouleurReelle(couleurSysteme(4)); }

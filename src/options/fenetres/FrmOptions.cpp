@@ -7,6 +7,7 @@
 #include "store/Base.h"
 #include "store/CopieBase.h"
 #include "store/Reglages.h"
+#include "ui/Apparence.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/ChoixFichier.h"
@@ -22,11 +23,11 @@
 void Echantillon::paintEvent(QPaintEvent *) {
     QPainter p(this);
     const QRect zone = rect().adjusted(0, 0, -1, -1);
-    p.fillRect(zone, FenetreDialogue::couleurReglage(fond));
-    p.setPen(QPen(estSurvole() || isChecked() ? QColor(0xe0, 0xa5, 0x26) : QColor(0x8c, 0x98, 0xb0), hasFocus() ? 2 : 1));
+    p.fillRect(zone, Apparence::couleur(fond));
+    p.setPen(QPen(estSurvole() || isChecked() ? Apparence::kOr : Apparence::kArdoise, hasFocus() ? 2 : 1));
     p.drawRect(zone);
     if (!text().isEmpty()) {
-        p.setPen(FenetreDialogue::couleurReglage(texte));
+        p.setPen(Apparence::couleur(texte));
         QFont f = font();
         f.setBold(true);
         p.setFont(f);
@@ -46,7 +47,6 @@ const Reglages::Cle kClesCouleurs[6] = {Reglages::Cle::Backcolor,      Reglages:
 
 }  // namespace
 
-const QString FrmOptions::kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
 
 BoutonImage *FrmOptions::boutonTexte(QWidget *page, const QString &texte, const QString &icone) {
     auto *b = new BoutonImage(page);
@@ -104,7 +104,7 @@ void FrmOptions::creerPages() {
     for (int i = 0; i < 4; ++i) {
         OExport[i] = new QRadioButton(Chaine(150 + i), P[0]);
         OExport[i]->setObjectName(QStringLiteral("OExport%1").arg(i));
-        OExport[i]->setStyleSheet(FenetreCadre::kStyleChoix);
+        OExport[i]->setStyleSheet(Apparence::kStyleChoix);
         OExport[i]->setGeometry(12 + i * 110, 10, 104, 24);
         connect(OExport[i], &QRadioButton::clicked, this, [this, i] { choisirExport(i); });
     }
@@ -120,7 +120,7 @@ void FrmOptions::creerPages() {
     for (int i = 0; i < 8; ++i) {
         Info[i] = new QCheckBox(Chaine(110 + i), P[1]);
         Info[i]->setObjectName(QStringLiteral("Info%1").arg(i));
-        Info[i]->setStyleSheet(FenetreCadre::kStyleChoix);
+        Info[i]->setStyleSheet(Apparence::kStyleChoix);
         Info[i]->setChecked(Reglages::colonneVisible(i));
         Info[i]->setGeometry(24 + (i / 4) * 260, 24 + (i % 4) * 40, 240, 28);
         connect(Info[i], &QCheckBox::clicked, this, [i](bool coche) { Reglages::ecrireColonneVisible(i, coche); });
@@ -134,7 +134,7 @@ void FrmOptions::creerPages() {
     const int lignes[6] = {0, 2, 3, 4, 5, 6};  // the label of each sample
     for (int i = 0; i < 6; ++i) {
         QLabel *libelle = L[size_t(lignes[i])] = new QLabel(Chaine(945 + lignes[i]), P[2]);
-        libelle->setStyleSheet(kStyleLibelle);
+        libelle->setStyleSheet(Apparence::kStyleLibelle);
         libelle->setGeometry(16, 16 + i * 50, 220, 36);
         activerDeplacement(libelle);
         OCoul[i] = new Echantillon(P[2]);
@@ -160,9 +160,6 @@ void FrmOptions::creerPages() {
 }
 
 int FrmOptions::pageCourante() const { return page_; }
-
-int FrmOptions::couleurFond(int echantillon) const { return OCoul[size_t(echantillon)]->fond; }
-int FrmOptions::couleurTexte(int echantillon) const { return OCoul[size_t(echantillon)]->texte; }
 
 void FrmOptions::clicOnglet(int index) {
     // The tab of the page shown stays down; the others come up.
@@ -282,11 +279,11 @@ void FrmOptions::clicOInterface() {
             // The window takes the background at once, and the tabs' captions on it
             // a colour that reads there.
             if (i == 0) {
-                const QColor fond = couleurReglage(OCoul[0]->fond);
+                const QColor fond = Apparence::couleur(OCoul[0]->fond);
                 FondBleu->definirCouleurFond(fond);
                 for (BoutonImage *onglet : Onglets) {
                     QPalette palette = onglet->palette();
-                    palette.setColor(QPalette::ButtonText, fond.lightness() < 140 ? QColor(Qt::white) : QColor(0x1f, 0x2a, 0x44));
+                    palette.setColor(QPalette::ButtonText, fond.lightness() < 140 ? QColor(Qt::white) : Apparence::kEncre);
                     onglet->setPalette(palette);
                 }
             }

@@ -60,9 +60,6 @@ public:
     int pageCourante() const;
     // Until the four export files, begun when the window was made, are written.
     void attendreExports();
-    // The sample's colours as stored (red in the low byte).
-    int couleurFond(int echantillon) const;
-    int couleurTexte(int echantillon) const;
 
 signals:
     // The main window's icon library changed: a picture, a name, an icon added, or the save.
@@ -75,7 +72,6 @@ protected:
 private:
     // A page's command button: the theme's picture of the command and its caption.
     static BoutonImage *boutonTexte(QWidget *page, const QString &texte, const QString &icone);
-    static const QString kStyleLibelle;  // the labels of the pages
     void creerPages();
     void clicOnglet(int index);
     void choisirExport(int index);

@@ -11,6 +11,7 @@
 #include "store/Base.h"
 #include "store/Def.h"
 #include "store/IconesStock.h"
+#include "ui/Apparence.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/ChoixFichier.h"
 #include "ui/fenetres/LimiteSaisie.h"
@@ -59,7 +60,7 @@ const QString kEnregistree = QStringLiteral("La bibliothèque d'icônes est enre
 void FrmOptions::creerPageIcones() {
     QWidget *page = P[3];
     L[7] = new QLabel(Chaine(944), page);
-    L[7]->setStyleSheet(kStyleLibelle);
+    L[7]->setStyleSheet(Apparence::kStyleLibelle);
     L[7]->setGeometry(16, 10, 400, 28);
     activerDeplacement(L[7]);
 
@@ -192,7 +193,7 @@ void FrmOptions::ajouterIcone() {
     const QImage image = choisirImage();
     if (image.isNull()) return;
     ListeImages &liste = *images_;
-    liste.ajouter(QStringLiteral("A %1").arg(liste.numeroSuivant()), image);
+    liste.ajouter(Apparence::cleIcone(liste.numeroSuivant()), image);
     ChargerIcones();
     marquerIcones(false);
     // The user names the new icon at once.

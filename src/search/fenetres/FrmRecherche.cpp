@@ -3,6 +3,7 @@
 #include "search/Recherche.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "store/Reglages.h"
+#include "ui/Apparence.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
@@ -32,15 +33,10 @@ FrmRecherche::FrmRecherche(QWidget *parent, MyCoolGrid *grille) : FenetreDialogu
     colorerLibelle(L[0], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
     activerDeplacement(L[0]);
 
-    const QString styleOption = QStringLiteral(
-        "QRadioButton { color: #1f2a44; font-weight: bold; background: transparent; spacing: 8px; }"
-        "QRadioButton::indicator { width: 12px; height: 12px; border-radius: 7px; border: 2px solid #2e3f66; background: #ffffff; }"
-        "QRadioButton::indicator:checked { background: #e0a526; }"
-        "QRadioButton:focus { text-decoration: underline; }");
     for (int i = 0; i < 2; ++i) {
         OptRec[i] = new QRadioButton(Chaine(123 + i), FondBleu);
         OptRec[i]->setObjectName(QStringLiteral("OptRec%1").arg(i));
-        OptRec[i]->setStyleSheet(styleOption);
+        OptRec[i]->setStyleSheet(Apparence::kStyleChoix);
     }
     OptRec[0]->setChecked(true);
 

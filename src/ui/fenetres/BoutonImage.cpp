@@ -1,5 +1,6 @@
 #include "BoutonImage.h"
 
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 
 #include <QFontMetrics>
@@ -52,7 +53,7 @@ void BoutonImage::peindreCommande(QPainter &p) {
         face.setColorAt(0, QColor(0xfd, 0xfd, 0xff));
         face.setColorAt(1, QColor(0xd6, 0xdd, 0xeb));
     }
-    p.setPen(QPen(hasFocus() || chaud ? QColor(0xe0, 0xa5, 0x26) : QColor(0x4a, 0x5b, 0x86), hasFocus() ? 2 : 1));
+    p.setPen(QPen(hasFocus() || chaud ? Apparence::kOr : QColor(0x4a, 0x5b, 0x86), hasFocus() ? 2 : 1));
     p.setBrush(face);
     p.drawRoundedRect(hasFocus() ? zone.adjusted(0.5, 0.5, -0.5, -0.5) : zone, 4, 4);
     // The bevel: a light line under the top edge when raised, a shadow when sunk.
@@ -66,7 +67,7 @@ void BoutonImage::peindreCommande(QPainter &p) {
     const int largeur = t.width() + (t.isEmpty() ? 0 : 8) + mesures.horizontalAdvance(text());
     const int x = qMax(6, (width() - largeur) / 2);
     if (!image.isNull()) p.drawPixmap(QPoint(x, (height() - t.height()) / 2) + decalage, image);
-    p.setPen(QColor(0x1f, 0x2a, 0x44));
+    p.setPen(Apparence::kEncre);
     p.drawText(QRect(x + t.width() + (t.isEmpty() ? 0 : 8), 0, width() - x, height()).translated(decalage),
                Qt::AlignVCenter | Qt::AlignLeft, text());
 }

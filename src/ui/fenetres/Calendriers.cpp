@@ -40,13 +40,4 @@ void habiller(QCalendarWidget *calendrier) {
 
 QAbstractItemView *vueJours(QCalendarWidget *calendrier) { return calendrier->findChild<QAbstractItemView *>(); }
 
-QDate lireDate(const QString &texte) {
-    const QString t = texte.trimmed();
-    for (const char *format : {"d/M/yyyy", "dd/MM/yyyy"}) {
-        const QDate date = QDate::fromString(t, QString::fromLatin1(format));
-        if (date.isValid()) return date;
-    }
-    return {};
-}
-
 }  // namespace Calendriers

@@ -1,8 +1,5 @@
 #pragma once
-// The look and the reading of dates shared by every calendar of the program.
-
-#include <QDate>
-#include <QString>
+// The look shared by every calendar of the program.
 
 class QAbstractItemView;
 class QCalendarWidget;
@@ -14,7 +11,5 @@ namespace Calendriers {
 void habiller(QCalendarWidget *calendrier);
 // The table of days, which holds the keyboard while the calendar has it.
 QAbstractItemView *vueJours(QCalendarWidget *calendrier);
-// A date typed as dd/mm/yyyy (one or two digits for day and month); invalid when it is none.
-QDate lireDate(const QString &texte);
 
 }  // namespace Calendriers

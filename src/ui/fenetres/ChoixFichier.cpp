@@ -1,5 +1,6 @@
 #include "ChoixFichier.h"
 
+#include "ui/Apparence.h"
 #include "Messages.h"
 
 #include <QColorDialog>
@@ -55,10 +56,10 @@ std::optional<int> couleurConfirmee(QWidget *parent, int initiale) {
         if (choix < 0) return std::nullopt;
         return choix;
     }
-    const QColor depart(initiale & 0xff, (initiale >> 8) & 0xff, (initiale >> 16) & 0xff);
+    const QColor depart = Apparence::couleur(initiale);
     const QColor choisie = QColorDialog::getColor(depart, parent, Messages::kTitre);
     if (!choisie.isValid()) return std::nullopt;
-    return choisie.red() | (choisie.green() << 8) | (choisie.blue() << 16);
+    return Apparence::nombre(choisie);
 }
 
 int couleur(QWidget *parent, int initiale) { return couleurConfirmee(parent, initiale).value_or(initiale); }

@@ -1,5 +1,6 @@
 #include "FenetreCadre.h"
 
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 #include "BoutonImage.h"
 
@@ -54,14 +55,6 @@ void PanneauImage::paintEvent(QPaintEvent *) {
     }
 }
 
-const QString FenetreCadre::kStyleChoix = QStringLiteral(
-    "QRadioButton, QCheckBox { color: #1f2a44; font-weight: bold; background: transparent; spacing: 8px; }"
-    "QRadioButton::indicator { width: 12px; height: 12px; border-radius: 7px; border: 2px solid #2e3f66; background: #ffffff; }"
-    "QRadioButton::indicator:checked { background: #e0a526; }"
-    "QCheckBox::indicator { width: 13px; height: 13px; border: 2px solid #2e3f66; border-radius: 3px; background: #ffffff; }"
-    "QCheckBox::indicator:checked { background: #e0a526; }"
-    "QRadioButton:focus, QCheckBox:focus { text-decoration: underline; }");
-
 FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::FramelessWindowHint) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     Fond[0] = new PanneauImage(QStringLiteral("enteteh"), PanneauImage::Mode::Etire, this);
@@ -79,7 +72,7 @@ FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::F
     f.setBold(true);
     f.setPointSizeF(f.pointSizeF() + 1);
     entete->setFont(f);
-    entete->setStyleSheet(QStringLiteral("color: white; background: transparent;"));
+    entete->setStyleSheet(Apparence::kStyleSurBande);
     activerDeplacement(entete);
 
     Im_Commande = new BoutonImage(Fond[0]);

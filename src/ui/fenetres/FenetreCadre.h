@@ -54,9 +54,6 @@ public:
 
     explicit FenetreCadre(QWidget *parent = nullptr);
 
-    // Options and check boxes drawn in the program's colours, their mark always visible.
-    static const QString kStyleChoix;
-
     // Frame parts, by their place: 0 top strip, 3 left edge, 4 right edge.
     std::array<PanneauImage *, 5> Fond{};
     PanneauImage *EnteteB = nullptr;   // bottom strip
@@ -68,7 +65,6 @@ public:
     void activerDeplacement(QWidget *w);
     // Sets the size of the content area; the frame adds its strips around it.
     void definirTailleContenu(const QSize &taille);
-    bool deplacementEnCours() const { return DeplacementEnCours; }
     // Shows the window modal (over its parent when it has one) and returns when it is closed.
     void executer();
     // Tests answer the modal windows: this runs on each one shown by executer, before it waits.

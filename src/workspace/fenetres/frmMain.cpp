@@ -6,6 +6,7 @@
 #include "store/FichierEntier.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 #include "ui/fenetres/Calendriers.h"
 #include "ui/fenetres/BoutonImage.h"
@@ -127,7 +128,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     Heure = new QLabel(EnteteB);
     Heure->setObjectName(QStringLiteral("Heure"));
     Heure->setAlignment(Qt::AlignCenter);
-    Heure->setStyleSheet(QStringLiteral("color: white; background: transparent;"));
+    Heure->setStyleSheet(Apparence::kStyleSurBande);
     EnteteB->definirMargeDroite(kLargeurHeure);
 
     WB = new QTextBrowser(this);
@@ -140,8 +141,8 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     PanCal->setObjectName(QStringLiteral("PanCal"));
     PanCal->resize(270, 190);
     PanCal->definirAlignementTexte(Qt::AlignTop | Qt::AlignLeft);
-    PanCal->definirCouleurTexte(QColor(0x1f, 0x2a, 0x44));
-    PanCal->definirCouleurFond(QColor(255, 204, 59));
+    PanCal->definirCouleurTexte(Apparence::kEncre);
+    PanCal->definirCouleurFond(Apparence::kAmbre);
     Calendrier = new QCalendarWidget(PanCal);
     Calendriers::habiller(Calendrier);
     Calendrier->setGeometry(1, 18, 268, 171);
@@ -173,7 +174,6 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     for (int i = 0; i < kNbBoutons; ++i) Boutons[i]->setToolTip(Chaine(924 + i));
     FichierEntier::creerDossier(Chemins::dossierEdition());
     ChargerIconesDatabase();
-    ChargerImageList1();
     Timer1->start();
 
     installerCommandes();

@@ -6,6 +6,7 @@
 #include "store/Base.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
+#include "ui/Apparence.h"
 #include "ui/fenetres/Calendriers.h"
 #include "ui/fenetres/LimiteSaisie.h"
 #include "ui/fenetres/Messages.h"
@@ -25,7 +26,6 @@ constexpr int kPremiereSaisie = 3;
 constexpr int kDerniereSaisie = 10;
 constexpr int kDateDebut = 8;
 constexpr int kDateFin = 9;
-const QString kFormatDate = QStringLiteral("dd/MM/yyyy");
 
 bool estDate(int index) { return index == kDateDebut || index == kDateFin; }
 }  // namespace
@@ -145,13 +145,13 @@ bool frmMain::enregistrerSaisie(int index) {
     }
     QString texte = s->text();
     if (estDate(index) && !texte.trimmed().isEmpty()) {
-        const QDate date = Calendriers::lireDate(texte);
+        const QDate date = Apparence::lireDate(texte);
         if (!date.isValid()) {
             Messages::information(QStringLiteral("« %1 » n'est pas une date.\nTapez-la sous la forme jj/mm/aaaa, "
                                                  "ou choisissez-la dans le calendrier.").arg(texte.trimmed()));
             return false;
         }
-        texte = date.toString(kFormatDate);
+        texte = Apparence::ecrireDate(date);
     }
     // The cipher keeps only its alphabet: anything else would come back as garbage.
     // The form stores fields as typed, and keeps them.
@@ -191,7 +191,7 @@ void frmMain::entreeSaisie(int index) {
     const int d = P - S > 0 ? (P - S) / 2 : (S - P) / 2;
     PanCal->move(qBound(0, s->x() + S - P + d, qMax(0, width() - P)), qBound(0, s->y() + s->height(), qMax(0, height() - PanCal->height())));
     // An empty or unreadable date opens the calendar on today.
-    const QDate date = Calendriers::lireDate(s->text());
+    const QDate date = Apparence::lireDate(s->text());
     Calendrier->setSelectedDate(date.isValid() ? date : QDate::currentDate());
     PanCal->setProperty("Tag", index);
     RendreSaisieVisibleCalendrier(true);
@@ -208,7 +208,7 @@ void frmMain::revenirDuCalendrier(int index) {
 void frmMain::choisirDate(const QDate &jour) {
     const int index = PanCal->property("Tag").toInt();
     if (!estDate(index) || !SaisieVisible) return;
-    const QString texte = jour.toString(kFormatDate);
+    const QString texte = Apparence::ecrireDate(jour);
     if (texte != MG->GetColumnInfos(MG->LigneCourante, index)) ecrireChamp(index, texte);
     revenirDuCalendrier(index);
 }
