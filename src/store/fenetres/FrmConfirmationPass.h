@@ -2,12 +2,12 @@
 // The new account's password typed a second time, before the account is made: a
 // typo in the first box would otherwise lock its owner out of it.
 
-#include "ui/fenetres/FenetreCadre.h"
+#include "store/fenetres/FenetreCompte.h"
 
 class QLabel;
 class QLineEdit;
 
-class FrmConfirmationPass : public FenetreCadre {
+class FrmConfirmationPass : public FenetreCompte {
     Q_OBJECT
 public:
     FrmConfirmationPass(const QString &login, QWidget *parent = nullptr);
@@ -18,9 +18,8 @@ public:
 
     QLabel *Consigne = nullptr;
     QLineEdit *Pass = nullptr;
-    BoutonImage *OK = nullptr;
 
 private:
-    void clicOK();
+    void clicOK() override;
     bool valide_ = false;
 };

@@ -7,16 +7,13 @@
 #include "FrmConfirmationPass.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
-#include "ui/Art.h"
 #include "ui/fenetres/BoutonImage.h"
-#include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTimer>
 
 namespace {
 // Runs a step that talks to the base; a failure is told to the user and changes nothing more.
@@ -30,23 +27,11 @@ void sansPerte(F &&etape) {
 }
 }  // namespace
 
-FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
-    setObjectName(QStringLiteral("FrmLogin"));
-    setWindowTitle(Messages::kTitre);
-    definirTailleContenu(QSize(380, 150));
-    centrer();
-
+FrmLogin::FrmLogin(QWidget *parent) : FenetreCompte(QStringLiteral("FrmLogin"), QSize(380, 150), parent) {
     L[1] = entete;
-    L[2] = new QLabel(QStringLiteral("Password"), FondBleu);
-    L[3] = new QLabel(QStringLiteral("Login"), FondBleu);
-    for (int i : {2, 3}) {
-        L[i]->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
-        activerDeplacement(L[i]);
-    }
-
-    Image1 = new QLabel(FondBleu);
-    Image1->setPixmap(Art::pixmap(QStringLiteral("korvane"), QSize(64, 64)));
-    activerDeplacement(Image1);
+    L[2] = creerLibelle(QStringLiteral("Password"));
+    L[3] = creerLibelle(QStringLiteral("Login"));
+    Image1 = creerLogo(28);
 
     Login = new QComboBox(FondBleu);
     Login->setObjectName(QStringLiteral("Login"));
@@ -54,14 +39,11 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     Login->setInsertPolicy(QComboBox::NoInsert);
     Login->setMaxVisibleItems(12);
 
-    Pass = new QLineEdit(FondBleu);
-    Pass->setObjectName(QStringLiteral("Pass"));
-    Pass->setEchoMode(QLineEdit::Password);
-    Pass->installEventFilter(this);
+    Pass = creerMotDePasse(QStringLiteral("Pass"));
+    toutChoisirAuFocus(Pass);
 
-    OK = creerBoutonOK();
+    creerOK();
 
-    Image1->setGeometry(18, 28, 64, 64);
     L[3]->setGeometry(100, 22, 90, 24);
     Login->setGeometry(190, 22, 170, 26);
     L[2]->setGeometry(100, 60, 90, 24);
@@ -70,15 +52,8 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     setTabOrder(Login, Pass);
     Login->setFocus();
 
-    EnteteB->definirTexte(Chaine(154).trimmed());
-
     connect(Login, &QComboBox::activated, this, [this] { choixDansListe(); });
     Login->installEventFilter(this);
-    connect(Pass, &QLineEdit::returnPressed, this, [this] {
-        OK->enfoncer();
-        clicOK();
-    });
-    connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
     connect(this, &FenetreCadre::fermetureDemandee, this, [this] { clicFermer(); });
 }
 
@@ -204,7 +179,6 @@ void FrmLogin::clicFermer() {
 }
 
 bool FrmLogin::eventFilter(QObject *objet, QEvent *evenement) {
-    if (Pass && objet == Pass && evenement->type() == QEvent::FocusIn) QTimer::singleShot(0, Pass, &QLineEdit::selectAll);
     // Enter in the login box is an attempt with what is typed, not a choice in the list.
     // The key arrives at the combo box, which has the focus and hands it to its text
     // behind any filter.
@@ -215,5 +189,5 @@ bool FrmLogin::eventFilter(QObject *objet, QEvent *evenement) {
             return true;
         }
     }
-    return FenetreCadre::eventFilter(objet, evenement);
+    return FenetreCompte::eventFilter(objet, evenement);
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The login window: choose an account, type its password, or create an account on the spot.
 
-#include "ui/fenetres/FenetreCadre.h"
+#include "store/fenetres/FenetreCompte.h"
 
 #include <array>
 
@@ -9,7 +9,7 @@ class QComboBox;
 class QLineEdit;
 class QLabel;
 
-class FrmLogin : public FenetreCadre {
+class FrmLogin : public FenetreCompte {
     Q_OBJECT
 public:
     explicit FrmLogin(QWidget *parent = nullptr);
@@ -19,7 +19,6 @@ public:
 
     QComboBox *Login = nullptr;
     QLineEdit *Pass = nullptr;
-    BoutonImage *OK = nullptr;
     std::array<QLabel *, 4> L{};  // 1 heading, 2 "Password", 3 "Login"
     QLabel *Image1 = nullptr;
 
@@ -34,7 +33,7 @@ private:
     void ChercherNumCompteValide();
     void ChercherLogin();
     void choixDansListe();
-    void clicOK();
+    void clicOK() override;
     void clicFermer();
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 

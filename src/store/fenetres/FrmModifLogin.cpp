@@ -4,56 +4,31 @@
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Session.h"
-#include "ui/Art.h"
 #include "ui/fenetres/BoutonImage.h"
-#include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
 
-#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTimer>
 
-FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
-    setObjectName(QStringLiteral("FrmModifLogin"));
-    setWindowTitle(Messages::kTitre);
-    setAttribute(Qt::WA_DeleteOnClose, false);
-    definirTailleContenu(QSize(380, 180));
-    centrer();
-
+FrmModifLogin::FrmModifLogin(QWidget *parent)
+    : FenetreCompte(QStringLiteral("FrmModifLogin"), QSize(380, 180), parent) {
     L[1] = entete;
     L[1]->setText(QStringLiteral("Modification du mot de passe"));
-    L[0] = new QLabel(QStringLiteral("Vérification"), FondBleu);
-    auto *libelleLogin = new QLabel(QStringLiteral("Login"), FondBleu);
-    auto *libellePass = new QLabel(QStringLiteral("Password"), FondBleu);
-    for (QLabel *l : {L[0], libelleLogin, libellePass}) {
-        l->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
-        activerDeplacement(l);
-    }
-    auto *image = new QLabel(FondBleu);
-    image->setPixmap(Art::pixmap(QStringLiteral("korvane"), QSize(64, 64)));
-    activerDeplacement(image);
+    L[0] = creerLibelle(QStringLiteral("Vérification"));
+    auto *libelleLogin = creerLibelle(QStringLiteral("Login"));
+    auto *libellePass = creerLibelle(QStringLiteral("Password"));
+    creerLogo(30);
 
     Login = new QLineEdit(FondBleu);
     Login->setObjectName(QStringLiteral("Login"));
     Login->setReadOnly(true);
-    Pass = new QLineEdit(FondBleu);
-    Pass->setObjectName(QStringLiteral("Pass"));
-    Pass2 = new QLineEdit(FondBleu);
-    Pass2->setObjectName(QStringLiteral("Pass2"));
-    for (QLineEdit *e : {Pass, Pass2}) {
-        e->setEchoMode(QLineEdit::Password);
-        e->installEventFilter(this);
-        connect(e, &QLineEdit::returnPressed, this, [this] {
-            OK->enfoncer();
-            clicOK();
-        });
-    }
+    Pass = creerMotDePasse(QStringLiteral("Pass"));
+    Pass2 = creerMotDePasse(QStringLiteral("Pass2"));
+    toutChoisirAuFocus(Pass);
+    toutChoisirAuFocus(Pass2);
 
-    OK = creerBoutonOK();
-    connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
+    creerOK();
 
-    image->setGeometry(18, 30, 64, 64);
     libelleLogin->setGeometry(100, 16, 90, 24);
     Login->setGeometry(190, 16, 170, 26);
     libellePass->setGeometry(100, 52, 90, 24);
@@ -63,7 +38,6 @@ FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
     OK->setGeometry(286, 134, 74, 32);
     setTabOrder(Login, Pass);
     setTabOrder(Pass, Pass2);
-    EnteteB->definirTexte(Chaine(154).trimmed());
 
     Login->setText(Session::LoginCourant);
     Pass->setText(QString(Session::PassCourant.size() * 2, u'*'));
@@ -97,10 +71,4 @@ void FrmModifLogin::ChercherLogin() {
     } catch (const Base::ErreurBase &e) {
         Messages::information(e.message());
     }
-}
-
-bool FrmModifLogin::eventFilter(QObject *objet, QEvent *evenement) {
-    if ((objet == Pass || objet == Pass2) && evenement->type() == QEvent::FocusIn)
-        QTimer::singleShot(0, static_cast<QLineEdit *>(objet), &QLineEdit::selectAll);
-    return FenetreCadre::eventFilter(objet, evenement);
 }
