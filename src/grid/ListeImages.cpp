@@ -1,6 +1,8 @@
 #include "ListeImages.h"
 
 #include "store/Base.h"
+#include "store/TableIcones.h"
+#include "ui/Apparence.h"
 
 void ListeImages::vider() {
     entrees_.clear();
@@ -26,9 +28,11 @@ void ListeImages::definirTag(int numero, const QString &tag) {
 
 int ListeImages::numeroSuivant() const {
     int plusGrand = 0;
-    for (const Entree &e : entrees_) plusGrand = qMax(plusGrand, e.cle.mid(2).toInt());
+    for (const Entree &e : entrees_) plusGrand = qMax(plusGrand, Apparence::numDeCle(e.cle));
     return plusGrand + 1;
 }
+
+QImage ListeImages::imageDeNum(int num) const { return image(numeroDeCle(Apparence::cleIcone(num))); }
 
 int ListeImages::numeroDeCle(const QString &cle) const {
     for (int i = 0; i < nombre(); ++i)
@@ -39,12 +43,10 @@ int ListeImages::numeroDeCle(const QString &cle) const {
 bool ListeImages::chargerBase() {
     vider();
     try {
-        Base::Connexion c;
-        Base::Requete r(c, "SELECT Num, ico, Libelle FROM Icones ORDER BY Num ASC, Libelle ASC");
-        while (r.suivante()) {
+        for (const TableIcones::Ligne &l : TableIcones::lire()) {
             QImage image;
-            if (!image.loadFromData(r.octets(1))) image = QImage();
-            ajouter(QStringLiteral("A %1").arg(r.texte(0)), image, r.texte(2));
+            if (!image.loadFromData(l.ico)) image = QImage();
+            ajouter(Apparence::cleIcone(l.num), image, l.libelle);
         }
         return true;
     } catch (const Base::ErreurBase &) {

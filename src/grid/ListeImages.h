@@ -29,7 +29,7 @@ public:
     int numeroDeCle(const QString &cle) const;
     // The picture of the icon whose Num this is: a document names its icon by Num, and
     // the numbers of a base may have gaps. Null when the list has no such icon.
-    QImage imageDeNum(int num) const { return image(numeroDeCle(QStringLiteral("A %1").arg(num))); }
+    QImage imageDeNum(int num) const;
 
     // Replaced by the Icones table of the base, in the order of Num then Libelle.
     // An icon whose bytes don't load keeps its place with a null picture, so that

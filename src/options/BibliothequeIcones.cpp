@@ -2,8 +2,9 @@
 
 #include "Blit.h"
 #include "grid/ListeImages.h"
-#include "store/Base.h"
 #include "store/IconesStock.h"
+#include "store/TableIcones.h"
+#include "ui/Apparence.h"
 
 #include <QImageReader>
 #include <QList>
@@ -60,24 +61,20 @@ QImage chargerFichier(const QString &chemin) {
 void MajIcones(ListeImages &liste) {
     QList<QImage> ajustees;
     ajustees.reserve(liste.nombre());
-    Base::Connexion c;
-    c.debutTransaction();
+    QList<TableIcones::Ecriture> lignes;
     for (int i = 1; i <= liste.nombre(); ++i) {
         const ListeImages::Entree *e = liste.entree(i);
         bool numerique = false;
-        const int num = e->cle.mid(2).toInt(&numerique);
+        const int num = Apparence::numDeCle(e->cle, &numerique);
         ajustees.append(Blit::AjusterImage(e->image));
         if (!numerique) continue;  // a row without a Num can't be told from another
-        if (e->image.isNull()) {
-            Base::Requete(c, "UPDATE Icones SET Libelle = ? WHERE Num = ?").lier(1, e->tag).lier(2, num).executer();
-            continue;
-        }
-        const QByteArray octets = IconesStock::octetsPng(ajustees.constLast());
-        Base::Requete(c, "UPDATE Icones SET ico = ?, Libelle = ? WHERE Num = ?").lierOctets(1, octets).lier(2, e->tag).lier(3, num).executer();
-        if (c.changements() == 0)
-            Base::Requete(c, "INSERT INTO Icones (Num, ico, Libelle) VALUES (?, ?, ?)").lier(1, num).lierOctets(2, octets).lier(3, e->tag).executer();
+        // An icon whose bytes never loaded keeps them: only its name is written.
+        if (e->image.isNull())
+            lignes.append({num, e->tag, false, {}});
+        else
+            lignes.append({num, e->tag, true, IconesStock::octetsPng(ajustees.constLast())});
     }
-    c.valider();
+    TableIcones::ecrire(lignes);
     for (int i = 1; i <= liste.nombre(); ++i)
         if (!ajustees[i - 1].isNull()) liste.remplacerImage(i, ajustees[i - 1]);
 }

@@ -1,8 +1,5 @@
 #include "Chargement.h"
 
-#include "store/Base.h"
-#include "store/Cryptage.h"
-
 #include <QCollator>
 #include <QHash>
 #include <QLocale>
@@ -17,31 +14,9 @@
 #include <numeric>
 #include <vector>
 
-using Base::Connexion;
-using Base::Requete;
-
 namespace Chargement {
 
 namespace {
-constexpr int kChampsTexte = 8;     // Titre to Remarques
-constexpr int kColonnesInfos = 16;  // grid columns 3 to 18
-
-// Columns by name: a base with columns of its own added keeps the fields in place.
-constexpr const char *kColonnesDocument =
-    "SELECT Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, DateFin, Remarques, Icone, rowid";
-
-// A row of kColonnesDocument as the grid receives it.
-void lireDocument(const Requete &r, Document &d) {
-    d.infos.clear();
-    for (int j = 2; j < 2 + kChampsTexte; ++j) d.infos.append(r.estNull(j) ? QString() : LireChampDocument(r.texteUtf8(j)));
-    d.num = r.texte(0);
-    d.dossier = r.texte(1);
-    d.icone = r.entier(2 + kChampsTexte);
-    d.rowid = r.entierLong(3 + kChampsTexte);
-    d.infos.resize(kColonnesInfos - 1);
-    d.infos.append(QString::number(d.rowid));
-}
-
 const QCollator &collateurFrancais() {
     static const QCollator collateur = [] {
         QCollator c{QLocale(QLocale::French, QLocale::France)};
@@ -51,11 +26,8 @@ const QCollator &collateurFrancais() {
     return collateur;
 }
 
-QList<Dossier> lireDossiers(Connexion &c, int numCompte) {
-    Requete r(c, "SELECT Num, Nom, rowid FROM Dossiers WHERE NumCompte=?");
-    r.lier(1, numCompte);
-    QList<Dossier> lus;
-    while (r.suivante()) lus.append({r.entier(0), r.entierLong(2), r.texte(1)});
+// The folders in the order the grid shows them.
+QList<Dossier> ordonnerDossiers(const QList<Dossier> &lus) {
     std::vector<QStringView> noms;
     std::vector<int> nums;
     for (const Dossier &d : lus) {
@@ -123,21 +95,18 @@ int comparerDocuments(const RangDocument &a, const RangDocument &b) {
 
 void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
                const std::function<void(int, const Document &)> &recevoirDocument) {
-    Connexion c;
-    QList<Dossier> dossiers = lireDossiers(c, numCompte);
+    Arbre::Lecture lecture(numCompte);
+    QList<Dossier> dossiers = ordonnerDossiers(lecture.dossiers());
     if (dossiers.isEmpty()) {
         GénérerDossiersDefaut(numCompte);
-        dossiers = lireDossiers(c, numCompte);
+        dossiers = ordonnerDossiers(lecture.dossiers());
     }
     QHash<int, int> indexDossier;
     for (int i = 0; i < dossiers.size(); ++i) indexDossier.insert(dossiers[i].num, i);
     recevoirDossiers(dossiers);
 
-    // The table in its own order, without an index: each page is read and deciphered
-    // once, where a walk by folder would come back to the same pages again and again.
-    Requete r(c, (QByteArray(kColonnesDocument) + " FROM Documents NOT INDEXED WHERE NumCompte=?").constData());
-    r.lier(1, numCompte);
-
+    // The documents in the table's own order: each page is read and deciphered once,
+    // where a walk by folder would come back to the same pages again and again.
     // The reading and deciphering run beside the caller's work on what was read, in
     // batches: on a large account each takes about half of the time. The caller
     // waits for the end either way, and the connection is only used by the reader.
@@ -170,12 +139,12 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
                 signal.notify_all();
             };
             size_t n = 0;
-            while (r.suivante()) {
-                const auto it = indexDossier.constFind(r.entier(1));
+            while (lecture.documentSuivant()) {
+                const auto it = indexDossier.constFind(lecture.numDossier());
                 if (it == indexDossier.constEnd()) continue;  // its folder is gone: nowhere to show it
                 if (n == lot.size()) lot.emplace_back();
                 lot[n].dossier = *it;
-                lireDocument(r, lot[n].document);
+                lecture.lireDocument(lot[n].document);
                 if (++n == kLot) {
                     livrer();
                     n = 0;
@@ -218,38 +187,4 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     if (erreur) std::rethrow_exception(erreur);
 }
 
-bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num, int &documents) {
-    Connexion c;
-    Requete r(c, "SELECT Num, Nom FROM Dossiers WHERE NumCompte=? AND rowid=?");
-    r.lier(1, numCompte).lier(2, rowid);
-    if (!r.suivante()) return false;
-    num = r.entier(0);
-    nom = r.texte(1);
-    Requete n(c, "SELECT count(*) FROM Documents WHERE NumCompte=? AND NumDossier=?");
-    n.lier(1, numCompte).lier(2, num);
-    documents = n.suivante() ? n.entier(0) : 0;
-    return true;
-}
-
-bool lireDocument(int numCompte, qint64 rowid, Document &document) {
-    Connexion c;
-    Requete r(c, (QByteArray(kColonnesDocument) + " FROM Documents WHERE NumCompte=? AND rowid=?").constData());
-    r.lier(1, numCompte).lier(2, rowid);
-    if (!r.suivante()) return false;
-    lireDocument(r, document);
-    return true;
-}
-
 }  // namespace Chargement
-
-void GénérerDossiersDefaut(int numCompte) {
-    Connexion c;
-    Requete r(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) SELECT ?, Num, Nom FROM Dossiers WHERE NumCompte=0 ORDER BY Nom");
-    r.lier(1, numCompte).executer();
-}
-
-int ChercherNouveauNumDossier() {
-    Connexion c;
-    Requete r(c, "SELECT max(Num) FROM Dossiers");
-    return r.suivante() && !r.estNull(0) ? qMax(1, r.entier(0) + 1) : 1;
-}

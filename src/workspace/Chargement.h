@@ -1,6 +1,8 @@
 #pragma once
 // Reads an account's tree from the base, deciphered, in the order the grid shows it.
 
+#include "store/Arbre.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -9,22 +11,9 @@
 
 namespace Chargement {
 
-struct Document {
-    // What the grid receives for the row from its column 3: the eight fields
-    // deciphered (empty where null), seven empty texts for the columns the grid
-    // fills itself, then the rowid for column 18.
-    QStringList infos;
-    int icone = 0;  // as stored; 0 means none
-    QString num;
-    QString dossier;
-    qint64 rowid = 0;  // the row of the base, the one key that names it alone
-};
-
-struct Dossier {
-    int num = 0;
-    qint64 rowid = 0;
-    QString nom;  // as stored, without the grid's leading blank
-};
+// The rows of the tree, as the store reads them.
+using Arbre::Document;
+using Arbre::Dossier;
 
 // Reads the account's tree: first its folders by name in French order, then every
 // document of the account, deciphered, in the order the file holds them, with the
@@ -34,13 +23,9 @@ struct Dossier {
 void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> &recevoirDossiers,
                const std::function<void(int indiceDossier, const Document &)> &recevoirDocument);
 
-// One document of the account by its row of the base, as lireArbre gives it; false
-// when the account has no such row.
-bool lireDocument(int numCompte, qint64 rowid, Document &document);
-
-// The name and number of the account's folder of that row, and how many of the
-// account's documents carry that number; false when there is no such folder.
-bool lireDossier(int numCompte, qint64 rowid, QString &nom, int &num, int &documents);
+// One document, or one folder, of the account by its row of the base.
+using Arbre::lireDocument;
+using Arbre::lireDossier;
 
 // The orders of a load. A folder comes by name, in French order; equal names by
 // their bytes, then their number. A document comes by title, in French order; equal
@@ -56,9 +41,3 @@ std::vector<int> ordreDesDocuments(const std::vector<RangDocument> &documents);
 int comparerDocuments(const RangDocument &a, const RangDocument &b);
 
 }  // namespace Chargement
-
-// A number for a new folder: one above the highest of all accounts, 1 for none.
-int ChercherNouveauNumDossier();
-
-// Copies the template folders (account 0) to the account, with their numbers.
-void GénérerDossiersDefaut(int numCompte);

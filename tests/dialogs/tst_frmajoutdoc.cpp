@@ -2,6 +2,7 @@
 
 #include "dialogs/fenetres/FrmAjoutDoc.h"
 #include "dialogs/fenetres/FrmGenerateur.h"
+#include "store/Arbre.h"
 #include "store/Comptes.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"

@@ -1,10 +1,12 @@
 #include "FrmAjoutDoc.h"
 
 #include "FrmGenerateur.h"
+#include "store/Arbre.h"
 #include "store/Base.h"
 #include "store/Cryptage.h"
 #include "store/Def.h"
 #include "store/Reglages.h"
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/fenetres/Calendriers.h"
@@ -19,15 +21,11 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <algorithm>
-#include <limits>
 
 namespace {
-
-const QLocale kFrancais(QLocale::French, QLocale::France);
 
 // Geometry of the content, in pixels.
 constexpr int kMarge = 12;
@@ -52,13 +50,13 @@ QPixmap dessinerChoixIcone() {
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(0x1f, 0x2a, 0x44), 1.5));
+    p.setPen(QPen(Apparence::kEncre, 1.5));
     p.setBrush(QColor(0xff, 0xff, 0xff));
     p.drawRoundedRect(QRectF(2.75, 4.75, 18.5, 14.5), 2, 2);
     p.setPen(Qt::NoPen);
-    p.setBrush(QColor(0xe0, 0xa5, 0x26));
+    p.setBrush(Apparence::kOr);
     p.drawEllipse(QPointF(8, 9.5), 2.2, 2.2);
-    p.setBrush(QColor(0x2e, 0x3f, 0x66));
+    p.setBrush(Apparence::kMarine);
     p.drawPolygon(QPolygonF({QPointF(4, 18), QPointF(10, 12), QPointF(13, 15), QPointF(16, 11), QPointF(20, 18)}));
     return image;
 }
@@ -72,17 +70,6 @@ const char *const kCaptions[FrmAjoutDoc::kNbSaisies + 1] = {
     "Titre", "Login", "Mot de passe", "Url", "Fichier", "Date de début", "Date de fin", "Remarques", "Icône"};
 
 }  // namespace
-
-int ChercherNouveauNumDocument() {
-    Base::Connexion c;
-    // Over all accounts: a document's number is unique in the table.
-    Base::Requete r(c, "SELECT max(Num) FROM Documents");
-    if (!r.suivante() || r.estNull(0)) return 1;
-    const qint64 plusGrand = r.texte(0).toLongLong();
-    if (plusGrand >= std::numeric_limits<int>::max())
-        throw Base::ErreurBase(QStringLiteral("Plus aucun numéro de document n'est libre dans la base."));
-    return int(plusGrand) + 1;
-}
 
 FrmAjoutDoc::FrmAjoutDoc(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(parent, grille) {
     setObjectName(QStringLiteral("FrmAjoutDoc"));
@@ -142,7 +129,7 @@ void FrmAjoutDoc::creerControles() {
         Libelle[i] = new QLabel(QString::fromUtf8(kCaptions[i]) + QStringLiteral("  "), FondBleu);
         Libelle[i]->setObjectName(QStringLiteral("Libelle%1").arg(i));
         Libelle[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        Libelle[i]->setStyleSheet(QStringLiteral("background: #000000; color: #ffffff; font-weight: bold; border-radius: 3px;"));
+        Libelle[i]->setStyleSheet(Apparence::kStyleEtiquette);
         Libelle[i]->installEventFilter(this);
     }
     for (int i = 0; i < kNbSaisies; ++i) {
@@ -199,7 +186,7 @@ void FrmAjoutDoc::creerControles() {
     auto *titreCalendrier = new QLabel(Chaine(963), PanCal);
     titreCalendrier->setObjectName(QStringLiteral("TitrePanCal"));
     titreCalendrier->setAlignment(Qt::AlignCenter);
-    titreCalendrier->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
+    titreCalendrier->setStyleSheet(Apparence::kStyleLibelle);
     PanCal->resize(kTailleCalendrier);
     titreCalendrier->setGeometry(0, 0, kTailleCalendrier.width(), 24);
     PanCal->hide();
@@ -257,8 +244,7 @@ void FrmAjoutDoc::afficherCalendrier(int indice) {
     TagPanCal = indice;
     // The box is free text: what is not a date opens the calendar on today.
     const QString texte = Saisie[indice]->text().trimmed();
-    QDate date = kFrancais.toDate(texte, QLocale::ShortFormat);
-    if (!date.isValid()) date = kFrancais.toDate(texte, QStringLiteral("d/M/yyyy"));
+    QDate date = Apparence::lireDate(texte);
     if (!date.isValid() || date < Calendrier->minimumDate() || date > Calendrier->maximumDate()) date = QDate::currentDate();
     Calendrier->setSelectedDate(date);
     Calendrier->setCurrentPage(date.year(), date.month());
@@ -271,7 +257,7 @@ void FrmAjoutDoc::afficherCalendrier(int indice) {
 void FrmAjoutDoc::clicCalendrier(const QDate &date) {
     if (TagPanCal != kDateDebut && TagPanCal != kDateFin) return;
     QLineEdit *boite = Saisie[TagPanCal];
-    boite->setText(kFrancais.toString(date, QLocale::ShortFormat));
+    boite->setText(Apparence::ecrireDate(date));
     // The focus goes back to the box before the panel hides, so that it doesn't
     // wander to another box.
     boite->setFocus(Qt::OtherFocusReason);

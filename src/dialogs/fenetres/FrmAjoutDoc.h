@@ -13,10 +13,6 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
-// The number for a new document: one above the highest of all accounts, 1 for an
-// empty table. Throws Base::ErreurBase when the base can't be read.
-int ChercherNouveauNumDocument();
-
 class FrmAjoutDoc : public FenetreDialogue {
     Q_OBJECT
 public:

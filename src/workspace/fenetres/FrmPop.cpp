@@ -5,6 +5,8 @@
 #include "menus/cTips.h"
 #include "menus/fenetres/modMenus.h"
 #include "store/Base.h"
+#include "store/TableIcones.h"
+#include "ui/Apparence.h"
 #include "ui/Art.h"
 
 #include <QAction>
@@ -30,9 +32,9 @@ FrmPop::FrmPop(const ListeImages &images, QWidget *parent) : QWidget(parent, Qt:
     Icone.append(Icones->addAction(QString()));  // element 0, there from the start
     connect(Icones, &QMenu::triggered, this, [this](QAction *action) {
         if (action == Barre || !Icone.contains(action)) return;
-        // The Tag is "A " + Num: the icon's number from its second character on.
+        // The Tag is the icon's key: its number follows the "A ".
         bool ok = false;
-        const int num = action->data().toString().mid(1).trimmed().toInt(&ok);
+        const int num = Apparence::numDeCle(action->data().toString(), &ok);
         if (ok) emit iconeChoisie(num);
     });
     ChargerIconesDatabase();
@@ -42,19 +44,17 @@ void FrmPop::ChargerIconesDatabase() {
     while (Icone.size() > 1) delete Icone.takeLast();
     Icone[0]->setText(QString());
     Icone[0]->setData(QString());
-    QList<QPair<QString, QString>> lignes;  // Num, Libelle
+    QList<TableIcones::Ligne> lignes;
     try {
-        Base::Connexion c;
-        Base::Requete r(c, "SELECT Num, Libelle FROM Icones ORDER BY Num ASC, Libelle ASC");
-        while (r.suivante()) lignes.append({r.texte(0), r.texte(1)});
+        lignes = TableIcones::lire(false);
     } catch (const Base::ErreurBase &) {
         lignes.clear();  // an unreadable base: the menu stays empty, the caller told it already
     }
     for (int i = 0; i < lignes.size(); ++i) {
         if (i > 0) Icone.append(Icones->addAction(QString()));
         QAction *item = Icone[i];
-        item->setText(legendeIcone(lignes[i].second, i + 1, lignes[i].first));
-        item->setData(QStringLiteral("A ") + lignes[i].first);
+        item->setText(legendeIcone(lignes[i].libelle, i + 1, lignes[i].num));
+        item->setData(Apparence::cleIcone(lignes[i].num));
     }
     // An empty library says so in one line that can't be picked.
     if (lignes.isEmpty()) Icone[0]->setText(kAucuneIcone);
