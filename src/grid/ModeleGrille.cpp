@@ -274,11 +274,6 @@ void ModeleGrille::DelParent(int Ligne) {
     if (redraw_) demanderAffichage();
 }
 
-void ModeleGrille::DelFils(int Ligne) {
-    flxGrd.RemoveItem(Ligne);
-    if (redraw_) demanderAffichage();
-}
-
 void ModeleGrille::Clear() {
     flxGrd.Clear();
     NbLignes = 0;
@@ -334,16 +329,6 @@ int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QStr
         if (dossier || vue(r, kColCle1 + 1) == Num) return r;
     }
     return -1;
-}
-
-void ModeleGrille::Expend(bool Fermer) {
-    const QString aBasculer = Fermer ? kOuvert : kFerme;
-    for (size_t k = 0; k < LignesParents.size(); ++k) {
-        const int ligne = LignesParents[k];
-        if (!flxGrd.existe(ligne) || vue(ligne, kColEtat) != aBasculer) continue;
-        ligneSel_ = ligne;
-        logiqueClic();
-    }
 }
 
 void ModeleGrille::logiqueClic(bool basculer) {

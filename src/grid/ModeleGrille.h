@@ -59,9 +59,10 @@ public:
     void lignesFils(int numero, int &debut, int &fin) const;
     // Keeps the row of the base (column 18) on a grid row, without repainting.
     void definirRowid(int Ligne, qint64 Rowid);
+    // A folder's row or a document's row goes, the same single step; nothing else of
+    // the folders is counted again, as the owner reloads after it.
     void DelParent(int Ligne);
-    void DelFils(int Ligne);
-    void Expend(bool Fermer);
+    void DelFils(int Ligne) { DelParent(Ligne); }
     QString GetParentEtat(int Ligne) const;
     bool HasLigneFils(int Ligne) const;
     bool IsLigneParent(int Ligne) const;

@@ -63,7 +63,6 @@ bool preparerDossierProgramme(QString *raison) {
 }
 
 QString cheminBase() { return QDir(dossierProgramme()).filePath(QStringLiteral("korvane.kvx")); }
-QString fichierIcoTmp() { return QDir(dossierProgramme()).filePath(QStringLiteral("ico.tmp")); }
 QString dossierEdition() { return QDir(dossierProgramme()).filePath(QStringLiteral("edition")); }
 
 }  // namespace Chemins

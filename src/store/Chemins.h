@@ -10,7 +10,7 @@ namespace Chemins {
 // Where the files go for an executable that sits in dossierExecutable.
 struct Disposition {
     bool installe = false;  // its folder can't be written to, or is laid out as an installation
-    QString programme;      // base, .bak, lock, edition, ico.tmp
+    QString programme;      // base, .bak, lock, edition
     QString aide;           // the help pages
 };
 Disposition disposition(const QString &dossierExecutable);
@@ -26,7 +26,6 @@ QString dossierAide();
 bool preparerDossierProgramme(QString *raison);
 
 QString cheminBase();       // korvane.kvx
-QString fichierIcoTmp();    // ico.tmp, scratch file for icon bytes
 QString dossierEdition();   // edition, the export folder
 
 }  // namespace Chemins

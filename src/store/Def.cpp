@@ -155,16 +155,6 @@ bool SupprimerDossier(int num) {
     return true;
 }
 
-bool EcrireChampDocument(int indice, const QString &valeur, int num) {
-    Def::CleDocument cle;
-    if (!Def::cleSelection(&cle, false)) return false;
-    Connexion c;
-    qint64 rowid = Def::rowidDocument(c, num, cle.dossier);
-    if (rowid == 0) rowid = Def::ajouterDocument(c, num, cle.dossier);
-    Def::ecrireChamp(c, rowid, indice, valeur);
-    return true;
-}
-
 bool EcrireDocument(int num, const QStringList &champs, qint64 *rowidEcrit) {
     Def::CleDocument cle;
     if (!Def::cleSelection(&cle, false)) return false;

@@ -1,6 +1,5 @@
 #pragma once
-// Shared operations: the writes of documents and folders, file helpers and the
-// file association.
+// Shared operations: the writes of documents and folders, and the file association.
 
 #include <QByteArray>
 #include <QPair>
@@ -46,9 +45,6 @@ bool MajChampDocument(int indice, const QString &valeur);
 bool EcrireIconeDocument(int icone);
 bool SupprimerDocument();
 bool SupprimerDossier(int num);
-// Writes one field of document num in the selected folder, adding the row if needed.
-// Index 11 (icon) takes a number; a value that is none leaves the icon at 0.
-bool EcrireChampDocument(int indice, const QString &valeur, int num);
 // A whole new document (fields 3 to 11) written in one go: all of it or nothing.
 // rowid, when given, receives the row written.
 bool EcrireDocument(int num, const QStringList &champs, qint64 *rowid = nullptr);
@@ -57,12 +53,6 @@ bool EcrireDocument(int num, const QStringList &champs, qint64 *rowid = nullptr)
 // Base::ErreurBase when its row has left the base.
 bool ModifierDocument(const QList<QPair<int, QString>> &champs);
 bool EcrireDossier(const QString &nom, int num, qint64 *rowid = nullptr);
-
-// The whole content of a file, one character a byte. Throws std::runtime_error
-// with a French message when the file can't be read.
-QByteArray LireFichier(const QString &chemin);
-// Creates or empties the file and writes the text followed by CR LF.
-void EcrireFichier(const QString &chemin, const QByteArray &texte);
 
 // Registers .kvx files with Korvane for the current user. Run from its own folder, Korvane
 // writes the type, its entry and icon; installed, the package has them and only the choice

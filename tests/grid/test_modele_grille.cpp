@@ -168,21 +168,6 @@ TEST(ModeleGrille, ClicsSurDocumentsTitreEtSection) {
     EXPECT_EQ(cel(g, 3, 4).couleurFond, 0);
 }
 
-TEST(ModeleGrille, ExpendFermeEtOuvreTout) {
-    EnvironnementTest env(false);
-    GrilleEssai g;
-    GrilleExemple::charger(g, {{"A", 2}, {"B", 0}, {"C", 3}});
-    g.SelectLine(g.ligneParent(2));  // C closed by hand: only A and B are left to close
-    g.Expend(true);
-    g.Expend(true);
-    EXPECT_EQ(g.clics, 3);
-    EXPECT_EQ(g.cellules().hauteurTotalePixels(), 25 + 23 + 3 * 25);
-    g.Expend(false);
-    EXPECT_EQ(g.clics, 6);
-    for (int k = 0; k < 3; ++k) EXPECT_EQ(g.GetParentEtat(g.ligneParent(k)), "B") << "folder " << k;
-    EXPECT_EQ(g.cellules().hauteurTotalePixels(), 25 + 23 + 3 * 25 + 5 * 16);
-}
-
 TEST(ModeleGrille, CellulesHorsDeLaGrilleEtHasLigneFils) {
     EnvironnementTest env(false);
     GrilleEssai g;
@@ -295,7 +280,6 @@ TEST(ModeleGrille, IconesDeLaBase) {
     ASSERT_TRUE(BaseSql::executer(base, "DELETE FROM Icones;"));
     EXPECT_TRUE(g.ChargerIconesDatabase());
     EXPECT_EQ(liste.nombre(), 0);
-    EXPECT_FALSE(QFile::exists(Chemins::fichierIcoTmp()));
     QFile::remove(base);
     EXPECT_FALSE(copie.ChargerIconesDatabase());
     EXPECT_EQ(copie.imagesContenu().nombre(), 0);

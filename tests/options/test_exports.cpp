@@ -40,7 +40,7 @@ void remplir(ModeleGrille &g) {
               parent, 1, 0, "1", "100", "10");
     QVariant cle2 = QStringLiteral("11");
     g.AddParent(QStringLiteral(" Vide"), cle2);
-    g.Expend(true);
+    for (int k : {0, 1}) g.SelectLine(g.ligneParent(k));  // both closed, as a click closes them
 }
 
 const QByteArray kTeteHtml = lignes({

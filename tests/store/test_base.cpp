@@ -155,8 +155,6 @@ TEST_F(Store, LesDroitsSeResserrentSansJamaisSElargir) {
     const mode_t umaskAvant = ::umask(0);
     CopieBase::copier(env.chemin("copie.kvx"));
     EXPECT_EQ(EnvironnementTest::mode(env.chemin("copie.kvx")), 0600);
-    EcrireFichier(Chemins::fichierIcoTmp(), "icone");
-    EXPECT_EQ(EnvironnementTest::mode(Chemins::fichierIcoTmp()), 0600);
     // The settings, and the folders made for them, are the user's from their making on.
     Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("alice"));
     ::umask(umaskAvant);
@@ -273,19 +271,6 @@ TEST_F(Store, LesComptesSontNumerotesParMaxPlusUnEtTrouvesSansCasseNiBlancs) {
     EXPECT_EQ(sql("SELECT Pass FROM Compte WHERE Login='alice'"), QStringList{CrypterChamp("neuf")});
 }
 
-TEST_F(Store, EcrireChampDocumentAjouteLaLigneEtCoupeA255) {
-    grille.colonnes[Def::kColonneNumDossier] = "3";
-    EXPECT_TRUE(EcrireChampDocument(12, "ignoré", 40));  // no such field: the row with its keys only
-    EXPECT_EQ(sql("SELECT NumCompte, Num, NumDossier, Titre, Icone FROM Documents"), QStringList{"1|40|3|NULL|0"});
-    EXPECT_TRUE(EcrireChampDocument(3, QString(300, 'T'), 40));
-    EXPECT_TRUE(EcrireChampDocument(11, "", 40));  // empty icon number: the icon stays 0
-    EXPECT_TRUE(EcrireChampDocument(10, "note", 40));
-    EXPECT_EQ(sql("SELECT length(Titre), Remarques, Icone FROM Documents"), QStringList{"255|note|0"});
-    EXPECT_TRUE(EcrireChampDocument(11, "4", 40));
-    EXPECT_EQ(sql("SELECT Icone FROM Documents"), QStringList{"4"});
-    EXPECT_EQ(sql("SELECT count(*) FROM Documents"), QStringList{"1"});
-}
-
 TEST_F(Store, EcrireDocumentEcritToutOuRien) {
     grille.colonnes[Def::kColonneNumDossier] = "2";
     const QStringList champs{"Banque", "moi", "pw", "https://b.example", "", "01/02/2026", "", "r", "3"};
@@ -303,7 +288,7 @@ TEST_F(Store, EcrireDocumentEcritToutOuRien) {
 
 TEST_F(Store, MajChampDocumentEcritLeChampChiffreDeLaLigneSelectionnee) {
     grille.selectionner(5, 2);
-    EXPECT_TRUE(EcrireChampDocument(3, "Titre", 5));
+    EXPECT_TRUE(EcrireDocument(5, {"Titre"}));
     const QString cent(100, 'p');
     EXPECT_TRUE(MajChampDocument(5, CrypterChamp(cent)));
     // 100 characters enciphered are 300; the field keeps 255, which read back as 85.
@@ -342,17 +327,4 @@ TEST_F(Store, LesDossiersSontParCompte) {
     EXPECT_EQ(sql("SELECT NumCompte FROM Dossiers WHERE Num=3 AND NumCompte>0"), QStringList{"1"});
     // The templates of account 0 are untouched.
     EXPECT_EQ(sql("SELECT count(*) FROM Dossiers WHERE NumCompte=0"), QStringList{"6"});
-}
-
-TEST_F(Store, LesFichiersAllerRetour) {
-    const QString chemin = env.chemin("ico.tmp");
-    QByteArray octets;
-    for (int i = 0; i < 256; ++i) octets.append(char(i));
-    EcrireFichier(chemin, octets);
-    EXPECT_EQ(QFile(chemin).size(), octets.size() + 2);
-    EXPECT_EQ(LireFichier(chemin), octets + "\r\n");
-    EcrireFichier(chemin, QByteArray());
-    EXPECT_EQ(LireFichier(chemin), QByteArray("\r\n"));
-    EXPECT_THROW(LireFichier(env.chemin("absent")), std::runtime_error);
-    EXPECT_THROW(EcrireFichier(env.chemin("absent/dossier/x"), "a"), std::runtime_error);
 }

@@ -297,7 +297,6 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
         QCOMPARE(EnvironnementTest::mode(Chemins::dossierEdition()), 0700);  // from its making on, whatever the umask
         QCOMPARE(f->imgCONTENU.nombre(), 6);
-        QCOMPARE(f->ImageList1.entree(5)->tag, QStringLiteral("Login réseau"));
     }
 
     void quitterDemandeEtNonGardeLaFenetre() {
@@ -372,7 +371,7 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         frmMain *nouvelle = Navigation::fenetrePrincipale();
         nouvelle->MG->SelectLine(3);
-        QVERIFY(EcrireChampDocument(3, QStringLiteral("Titre"), 77));
+        QVERIFY(EcrireDocument(77, {QStringLiteral("Titre")}));
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents WHERE Num=77")), QStringList{QStringLiteral("1")});
         QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[0], Qt::LeftButton);
         QCOMPARE(Navigation::fenetreLogin()->L[1]->text(), QStringLiteral("Créer un nouveau compte"));

@@ -19,7 +19,6 @@ public:
     void definirArt(const QString &nom, const QSize &taille);
     // A command: the icon theme's picture of that name, and its caption.
     void definirCommande(const QString &icone, const QString &texte);
-    bool estCommande() const { return commande_; }
 
     bool estEnfonce() const { return isChecked(); }
     void enfoncer() { setChecked(true); }

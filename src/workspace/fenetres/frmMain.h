@@ -74,7 +74,6 @@ public:
     QCalendarWidget *Calendrier = nullptr;
     QTimer *Timer1 = nullptr;
     ListeImages imgCONTENU;
-    ListeImages ImageList1;
 
     QString InfoEntete;
     QString NomDossierCourant;
@@ -202,7 +201,6 @@ private:
     void memoriserPosition();
     bool demanderQuitter();  // true when the user answered Yes
     void ChargerIconesDatabase();
-    void ChargerImageList1();
 
     int NbDossiers = 0;
     QString legendeEntete_;

@@ -5,7 +5,6 @@
 #include "workspace/Chargement.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "store/Base.h"
-#include "store/IconesStock.h"
 #include "store/Session.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
@@ -71,10 +70,3 @@ void frmMain::ChargerTreeview(int numCompte) {
 }
 
 void frmMain::ChargerIconesDatabase() { imgCONTENU.chargerBase(); }
-
-void frmMain::ChargerImageList1() {
-    ImageList1.vider();
-    const auto stock = IconesStock::icones();
-    for (int i = 0; i < stock.size(); ++i)
-        ImageList1.ajouter(QStringLiteral("A %1").arg(i + 1), QImage::fromData(stock[i].octets), stock[i].libelle);
-}
