@@ -331,6 +331,16 @@ int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QStr
     return -1;
 }
 
+void ModeleGrille::Expend(bool Fermer) {
+    const QString aBasculer = Fermer ? kOuvert : kFerme;
+    for (size_t k = 0; k < LignesParents.size(); ++k) {
+        const int ligne = LignesParents[k];
+        if (!flxGrd.existe(ligne) || vue(ligne, kColEtat) != aBasculer) continue;
+        ligneSel_ = ligne;
+        logiqueClic();
+    }
+}
+
 void ModeleGrille::logiqueClic(bool basculer) {
     // Rows noted before a Clear may be gone: each step on such a row does nothing.
     auto mettreGras = [this](int ligne, bool gras) {

@@ -63,6 +63,9 @@ public:
     // the folders is counted again, as the owner reloads after it.
     void DelParent(int Ligne);
     void DelFils(int Ligne) { DelParent(Ligne); }
+    // Closes every open folder, or opens every closed one, each as a click would. Part
+    // of the grid's public face though the program itself never calls it.
+    void Expend(bool Fermer);
     QString GetParentEtat(int Ligne) const;
     bool HasLigneFils(int Ligne) const;
     bool IsLigneParent(int Ligne) const;

@@ -168,6 +168,19 @@ TEST(ModeleGrille, ClicsSurDocumentsTitreEtSection) {
     EXPECT_EQ(cel(g, 3, 4).couleurFond, 0);
 }
 
+TEST(ModeleGrille, ExpendFermeEtOuvreTout) {
+    EnvironnementTest env(false);
+    GrilleEssai g;
+    GrilleExemple::charger(g, {{"A", 2}, {"B", 0}, {"C", 3}});
+    g.SelectLine(g.ligneParent(2));  // C closed by hand: only A and B are left to close
+    g.Expend(true);
+    g.Expend(true);
+    EXPECT_EQ(g.clics, 3);
+    g.Expend(false);
+    EXPECT_EQ(g.clics, 6);
+    for (int k = 0; k < 3; ++k) EXPECT_EQ(g.GetParentEtat(g.ligneParent(k)), "B") << "folder " << k;
+}
+
 TEST(ModeleGrille, CellulesHorsDeLaGrilleEtHasLigneFils) {
     EnvironnementTest env(false);
     GrilleEssai g;
