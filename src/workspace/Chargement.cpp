@@ -1,5 +1,7 @@
 #include "Chargement.h"
 
+#include "grid/Colonnes.h"
+
 #include "store/Base.h"
 #include "store/Cryptage.h"
 
@@ -23,8 +25,8 @@ using Base::Requete;
 namespace Chargement {
 
 namespace {
-constexpr int kChampsTexte = 8;     // Titre to Remarques
-constexpr int kColonnesInfos = 16;  // grid columns 3 to 18
+constexpr int kChampsTexte = Colonne::NbChamps;  // Titre to Remarques
+constexpr int kColonnesInfos = Colonne::Rowid - Colonne::PremierChamp + 1;  // the fields to the rowid
 
 // Columns by name: a base with columns of its own added keeps the fields in place.
 constexpr const char *kColonnesDocument =
@@ -126,7 +128,7 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     Connexion c;
     QList<Dossier> dossiers = lireDossiers(c, numCompte);
     if (dossiers.isEmpty()) {
-        GénérerDossiersDefaut(numCompte);
+        GenererDossiersDefaut(numCompte);
         dossiers = lireDossiers(c, numCompte);
     }
     QHash<int, int> indexDossier;
@@ -242,7 +244,7 @@ bool lireDocument(int numCompte, qint64 rowid, Document &document) {
 
 }  // namespace Chargement
 
-void GénérerDossiersDefaut(int numCompte) {
+void GenererDossiersDefaut(int numCompte) {
     Connexion c;
     Requete r(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) SELECT ?, Num, Nom FROM Dossiers WHERE NumCompte=0 ORDER BY Nom");
     r.lier(1, numCompte).executer();

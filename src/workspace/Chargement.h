@@ -61,4 +61,4 @@ int comparerDocuments(const RangDocument &a, const RangDocument &b);
 int ChercherNouveauNumDossier();
 
 // Copies the template folders (account 0) to the account, with their numbers.
-void GénérerDossiersDefaut(int numCompte);
+void GenererDossiersDefaut(int numCompte);

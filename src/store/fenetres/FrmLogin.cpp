@@ -36,12 +36,12 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     definirTailleContenu(QSize(380, 150));
     centrer();
 
-    L[1] = entete;
-    L[2] = new QLabel(QStringLiteral("Password"), FondBleu);
-    L[3] = new QLabel(QStringLiteral("Login"), FondBleu);
-    for (int i : {2, 3}) {
-        L[i]->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
-        activerDeplacement(L[i]);
+    L[LibelleEntete] = entete;
+    L[LibelleMotDePasse] = new QLabel(QStringLiteral("Password"), FondBleu);
+    L[LibelleLogin] = new QLabel(QStringLiteral("Login"), FondBleu);
+    for (QLabel *l : {L[LibelleMotDePasse], L[LibelleLogin]}) {
+        l->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
+        activerDeplacement(l);
     }
 
     Image1 = new QLabel(FondBleu);
@@ -62,9 +62,9 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCadre(parent) {
     OK = creerBoutonOK();
 
     Image1->setGeometry(18, 28, 64, 64);
-    L[3]->setGeometry(100, 22, 90, 24);
+    L[LibelleLogin]->setGeometry(100, 22, 90, 24);
     Login->setGeometry(190, 22, 170, 26);
-    L[2]->setGeometry(100, 60, 90, 24);
+    L[LibelleMotDePasse]->setGeometry(100, 60, 90, 24);
     Pass->setGeometry(190, 60, 170, 26);
     OK->setGeometry(286, 104, 74, 32);
     setTabOrder(Login, Pass);
@@ -86,7 +86,7 @@ void FrmLogin::charger() {
     ChoixListe = true;
     ChargerLogin();
     ChoixListe = false;
-    L[1]->setText(Session::ModeLogin == 1 ? QStringLiteral("Créer un nouveau compte") : QStringLiteral("Choisir un compte"));
+    L[LibelleEntete]->setText(Session::ModeLogin == Session::Mode::NouveauCompte ? QStringLiteral("Créer un nouveau compte") : QStringLiteral("Choisir un compte"));
 }
 
 void FrmLogin::ChargerLogin() {
@@ -104,7 +104,7 @@ void FrmLogin::ChargerLogin() {
             Login->insertItem(position, c.login);
             if (c.login == sauve) selection = position;
         }
-        if (Session::ModeLogin != 1 && Login->count() > 0 && selection < 0) selection = 0;
+        if (Session::ModeLogin != Session::Mode::NouveauCompte && Login->count() > 0 && selection < 0) selection = 0;
         Login->setCurrentIndex(selection);
         if (selection < 0) Login->setEditText(QString());
         if (selection >= 0) {
@@ -196,7 +196,7 @@ void FrmLogin::ChercherLogin() {
 void FrmLogin::clicFermer() {
     // Without an open session (program start, or a base just replaced) there is no
     // main window to go back to: closing means ending the program.
-    if (!Session::ModeLogin || *Session::ModeLogin == 0 || !Session::Ouverte) {
+    if (!Session::ModeLogin || *Session::ModeLogin == Session::Mode::Principale || !Session::Ouverte) {
         ConfirmerQuitter();
         return;
     }

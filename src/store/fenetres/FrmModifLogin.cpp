@@ -21,12 +21,12 @@ FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
     definirTailleContenu(QSize(380, 180));
     centrer();
 
-    L[1] = entete;
-    L[1]->setText(QStringLiteral("Modification du mot de passe"));
-    L[0] = new QLabel(QStringLiteral("Vérification"), FondBleu);
+    L[LibelleEntete] = entete;
+    L[LibelleEntete]->setText(QStringLiteral("Modification du mot de passe"));
+    L[LibelleVerification] = new QLabel(QStringLiteral("Vérification"), FondBleu);
     auto *libelleLogin = new QLabel(QStringLiteral("Login"), FondBleu);
     auto *libellePass = new QLabel(QStringLiteral("Password"), FondBleu);
-    for (QLabel *l : {L[0], libelleLogin, libellePass}) {
+    for (QLabel *l : {L[LibelleVerification], libelleLogin, libellePass}) {
         l->setStyleSheet(QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;"));
         activerDeplacement(l);
     }
@@ -58,7 +58,7 @@ FrmModifLogin::FrmModifLogin(QWidget *parent) : FenetreCadre(parent) {
     Login->setGeometry(190, 16, 170, 26);
     libellePass->setGeometry(100, 52, 90, 24);
     Pass->setGeometry(190, 52, 170, 26);
-    L[0]->setGeometry(100, 88, 90, 24);
+    L[LibelleVerification]->setGeometry(100, 88, 90, 24);
     Pass2->setGeometry(190, 88, 170, 26);
     OK->setGeometry(286, 134, 74, 32);
     setTabOrder(Login, Pass);
