@@ -120,7 +120,7 @@ TEST_F(MiseAJour, CeQuUnChargementSeulSaitPlacerLaisseLaGrilleIntacte) {
     EXPECT_FALSE(MiseAJourGrille::placerDocument(g, 1, 999));
     EXPECT_FALSE(MiseAJourGrille::placerDocument(
         g, 1, ecrire(QStringLiteral("INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (1, 20, 77, 'x')"))));
-    EXPECT_FALSE(MiseAJourGrille::placerDossier(g, 1, ecrire(QStringLiteral("INSERT INTO Dossiers VALUES (1, 12, 'Double')"))));
+    EXPECT_FALSE(MiseAJourGrille::placerDossier(g, 1, ecrire(QStringLiteral("INSERT INTO Dossiers VALUES (1, 11, 'Double')"))));
     EXPECT_FALSE(MiseAJourGrille::placerDossier(g, 1, ecrire(QStringLiteral("INSERT INTO Dossiers VALUES (1, 77, 'Attendu')"))));
     EXPECT_EQ(etat(g), avant);
 }
