@@ -6,6 +6,7 @@
 //   bench_chargement --memoire 100000
 
 #include "app/fenetres/Navigation.h"
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "workspace/Chargement.h"
 #include "workspace/fenetres/frmMain.h"
@@ -138,7 +139,7 @@ void BM_SupprimerDossier(benchmark::State &s) {
         sup.executer();
         int ligne = -1;
         for (int k = 0; k < f->MG->nbParents(); ++k)
-            if (f->MG->vue(f->MG->ligneParent(k), 17) == QStringLiteral("99999")) ligne = f->MG->ligneParent(k);
+            if (f->MG->vue(f->MG->ligneParent(k), Colonne::NumDossier) == QStringLiteral("99999")) ligne = f->MG->ligneParent(k);
         s.ResumeTiming();
         f->dossierSupprime(ligne);
         QApplication::processEvents();

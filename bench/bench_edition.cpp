@@ -5,8 +5,9 @@
 
 #include "app/fenetres/Navigation.h"
 #include "dialogs/fenetres/FrmAjoutDoc.h"
-#include "ui/fenetres/BoutonImage.h"
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
+#include "ui/fenetres/BoutonImage.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/Cryptage.h"
@@ -85,7 +86,7 @@ void BM_EnregistrerLeFormulaire(benchmark::State &s) {
 // connection of its own, without a window.
 void BM_EcrireLaLigneSeule(benchmark::State &s) {
     Fenetre fenetre(int(s.range(0)));
-    const qint64 rowid = fenetre.f->MG->GetColumnInfos(fenetre.ligne, Def::kColonneRowid).toLongLong();
+    const qint64 rowid = fenetre.f->MG->GetColumnInfos(fenetre.ligne, Colonne::Rowid).toLongLong();
     int n = 0;
     for (auto _ : s) {
         Base::Connexion c;
@@ -104,7 +105,7 @@ void BM_EditerUnChamp(benchmark::State &s) {
     for (auto _ : s) {
         const QString texte = QStringLiteral("identifiant %1").arg(++n);
         MajChampDocument(4, CrypterChamp(texte));
-        f->MG->MajColumnInfos(ligne, 4, texte);
+        f->MG->MajColumnInfos(ligne, Colonne::Login, texte);
         QApplication::processEvents();
     }
 }

@@ -2,6 +2,7 @@
 // Usage: korvane_shots <folder>
 
 #include "app/fenetres/Navigation.h"
+#include "grid/Colonnes.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/Comptes.h"
@@ -9,15 +10,16 @@
 #include "store/fenetres/FrmModifLogin.h"
 #include "store/Reglages.h"
 #include "store/Session.h"
-#include "ui/fenetres/Messages.h"
-#include "workspace/fenetres/frmMain.h"
 #include "dialogs/fenetres/FrmAjoutDoc.h"
 #include "dialogs/fenetres/FrmAjoutDossier.h"
-#include "dialogs/fenetres/FrmGenerateur.h"
-#include "store/fenetres/FrmConfirmationPass.h"
 #include "dialogs/fenetres/FrmAP.h"
+#include "dialogs/fenetres/FrmGenerateur.h"
 #include "options/fenetres/FrmOptions.h"
 #include "search/fenetres/FrmRecherche.h"
+#include "store/fenetres/FrmConfirmationPass.h"
+#include "ui/fenetres/Messages.h"
+#include "workspace/fenetres/EditionEnPlace.h"
+#include "workspace/fenetres/frmMain.h"
 #include "workspace/fenetres/FrmPop.h"
 #include <QLabel>
 #include "grid/fenetres/MyCoolGrid.h"
@@ -93,7 +95,7 @@ int main(int argc, char *argv[]) {
     Navigation::afficherLogin();
     ok &= enregistrer(Navigation::fenetreLogin(), sortie, QStringLiteral("login"));
 
-    Session::ModeLogin = 1;
+    Session::ModeLogin = Session::Mode::NouveauCompte;
     Navigation::afficherLogin();
     Navigation::fenetreLogin()->Login->setEditText(QStringLiteral("camille"));
     Navigation::fenetreLogin()->Pass->setText(QStringLiteral("nouveau"));
@@ -110,17 +112,17 @@ int main(int argc, char *argv[]) {
 
     // A document selected, then its editing boxes up.
     for (int i = 2; i < principale->MG->NbLignes; ++i)
-        if (principale->MG->GetColumnInfos(i, 3) == QStringLiteral("Banque en ligne")) principale->MG->SelectLine(i);
+        if (principale->MG->GetColumnInfos(i, Colonne::Titre) == QStringLiteral("Banque en ligne")) principale->MG->SelectLine(i);
     ok &= enregistrer(principale, sortie, QStringLiteral("main_selection"));
-    principale->Boutons[15]->enfoncer();
-    emit principale->Boutons[15]->clicked();
+    principale->Boutons[Bouton::EditerDocument]->enfoncer();
+    emit principale->Boutons[Bouton::EditerDocument]->clicked();
     ok &= enregistrer(principale, sortie, QStringLiteral("main_edition"));
     principale->activateWindow();
-    principale->Saisie[8]->setFocus();
+    principale->Edition->Saisie[Colonne::DateDebut]->setFocus();
     QApplication::processEvents();
     ok &= enregistrer(principale, sortie, QStringLiteral("main_calendrier"));
-    principale->RendreSaisieVisible(false, 1, 0);
-    principale->RendreSaisieVisibleCalendrier(false);
+    principale->Edition->RendreSaisieVisible(false, 1, 0);
+    principale->Edition->RendreSaisieVisibleCalendrier(false);
 
     // A menu open over the main window, an item under the pointer: the window and the
     // menu as the screen shows them, the menu wherever it opened.
@@ -157,8 +159,8 @@ int main(int argc, char *argv[]) {
     // The icon picker: the stock library, a library of 120 icons, and an empty one.
     auto photographierIcones = [&](const QString &nom) {
         avecMenu(nom, 3, [&] {
-            principale->Boutons[16]->enfoncer();
-            emit principale->Boutons[16]->clicked();
+            principale->Boutons[Bouton::ModifierIcone]->enfoncer();
+            emit principale->Boutons[Bouton::ModifierIcone]->clicked();
         });
     };
     photographierIcones(QStringLiteral("main_icones"));
@@ -192,14 +194,14 @@ int main(int argc, char *argv[]) {
     ok &= enregistrer(&dossier, sortie, QStringLiteral("dialogue_dossier"));
     dossier.close();
     FrmAjoutDoc document(principale, principale->MG);
-    document.L[2]->setText(QStringLiteral("Banques"));
+    document.L[FrmAjoutDoc::LibelleNomDossier]->setText(QStringLiteral("Banques"));
     document.Saisie[0]->setText(QStringLiteral("Carte bleue"));
     document.Saisie[1]->setText(QStringLiteral("4970 **** 1234"));
     ok &= enregistrer(&document, sortie, QStringLiteral("dialogue_document"));
     document.close();
     // The form of a document, its remarks on several lines; the generator over it.
     FrmAjoutDoc formulaire(principale, principale->MG);
-    formulaire.L[2]->setText(QStringLiteral("Courriel"));
+    formulaire.L[FrmAjoutDoc::LibelleNomDossier]->setText(QStringLiteral("Courriel"));
     formulaire.modifier({QStringLiteral("Boîte pro"), QStringLiteral("a.martin@exemple.fr"), QStringLiteral("m@ilB0x"),
                          QStringLiteral("https://mail.exemple.fr"), QString(), QStringLiteral("01/03/2024"), QString(),
                          QStringLiteral("Transférée vers La Poste le 2 mars.\nDouble facteur : téléphone de bureau.")},
@@ -238,7 +240,7 @@ int main(int argc, char *argv[]) {
     // The four pages of the options.
     FrmOptions options(principale, principale->MG, &principale->imgCONTENU);
     options.attendreExports();
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < FrmOptions::NbPages; ++i) {
         options.Onglets[i]->click();
         ok &= enregistrer(&options, sortie, QStringLiteral("options_%1").arg(i));
     }
@@ -255,8 +257,8 @@ int main(int argc, char *argv[]) {
     }
     ok &= enregistrer(&options, sortie, QStringLiteral("options_3_ajout"));
     options.close();
-    principale->Boutons[7]->enfoncer();
-    emit principale->Boutons[7]->clicked();
+    principale->Boutons[Bouton::Aide]->enfoncer();
+    emit principale->Boutons[Bouton::Aide]->clicked();
     ok &= enregistrer(principale, sortie, QStringLiteral("main_aide"));
 
     // The grid alone, over a sample of every kind of row.

@@ -1,6 +1,7 @@
 // Rows of the tree and what a click does to them.
 #include "ModeleGrille.h"
 
+#include "grid/Colonnes.h"
 using grille::nombre;
 using grille::Source;
 
@@ -17,12 +18,6 @@ constexpr int kImageFerme = 4;
 constexpr int kImageOuvert = 5;
 constexpr int kImageBandeSection = 7;
 constexpr int kImageBandeTitre = 8;
-
-// Hidden columns of a row.
-constexpr int kColType = 11;   // "P" folder, "F" document
-constexpr int kColEtat = 12;   // folder: "B" open, "A" closed; document: its folder's number
-constexpr int kColNumero = 13; // folder: its number; document: its icon
-constexpr int kColCle1 = 15;   // 15 to 17: the keys of the base
 
 const QString kParent = QStringLiteral("P");
 const QString kFils = QStringLiteral("F");
@@ -115,10 +110,10 @@ void ModeleGrille::AddParent(const QString &Nom, QVariant &Cle) {
     const QString numero = QString::number(NbParents), cle = Cle.toString();
     QStringView textes[grille::kColonnes];
     for (int i = 1; i <= 2 + nbColonnes_ && i < grille::kColonnes; ++i) textes[i] = Nom;
-    textes[kColType] = kParent;
-    textes[kColEtat] = kOuvert;
-    textes[kColNumero] = numero;
-    textes[kColCle1 + 2] = cle;
+    textes[Colonne::Type] = kParent;
+    textes[Colonne::Etat] = kOuvert;
+    textes[Colonne::Numero] = numero;
+    textes[Colonne::NumDossier] = cle;
     flxGrd.definirTextes(ligne, 0, textes, grille::kColonnes);
     flxGrd.MergeRow(ligne, true);
     flxGrd.RowHeight(ligne, kHauteurDossier);
@@ -192,7 +187,7 @@ void ModeleGrille::insererFils(int Ligne, const QStringList &Infos, int Parent, 
 void ModeleGrille::renommerParent(int Ligne, const QString &Nom) {
     if (!IsLigneParent(Ligne)) return;
     for (int i = 1; i <= 2 + nbColonnes_ && i < grille::kColonnes; ++i)
-        if (i != kColType && i != kColEtat && i != kColNumero && i < kColCle1 + 2) ecrire(Ligne, i, Nom);
+        if (i != Colonne::Type && i != Colonne::Etat && i != Colonne::Numero && i < Colonne::NumDossier) ecrire(Ligne, i, Nom);
 }
 
 void ModeleGrille::lignesFils(int numero, int &debut, int &fin) const {
@@ -224,9 +219,9 @@ void ModeleGrille::commeCharge() {
         if (IsLigneParent(r)) {
             numero = QString::number(NbParents++);
             LignesParents.push_back(r);
-            if (vue(r, kColNumero) != numero) ecrire(r, kColNumero, numero);
-        } else if (NbParents > 0 && vue(r, kColEtat) != numero) {
-            ecrire(r, kColEtat, numero);
+            if (vue(r, Colonne::Numero) != numero) ecrire(r, Colonne::Numero, numero);
+        } else if (NbParents > 0 && vue(r, Colonne::Etat) != numero) {
+            ecrire(r, Colonne::Etat, numero);
         }
     }
     if (LignesParents.empty()) LignesParents.assign(1, 0);
@@ -234,9 +229,9 @@ void ModeleGrille::commeCharge() {
     // Every folder open, as a load adds them.
     for (int k = 0; k < NbParents; ++k) {
         const int ligne = LignesParents[size_t(k)];
-        if (vue(ligne, kColEtat) != kFerme) continue;
+        if (vue(ligne, Colonne::Etat) != kFerme) continue;
         OuvrirParent(ligne, k + 1 < NbParents ? LignesParents[size_t(k) + 1] + 1 : 0);
-        ecrire(ligne, kColEtat, kOuvert);
+        ecrire(ligne, Colonne::Etat, kOuvert);
     }
 }
 
@@ -246,25 +241,25 @@ void ModeleGrille::remplirFils(int ligne, const QStringList &Infos, int Parent, 
     (void)(AlternanceLigne ? lineColor2_ : lineColor1_);
     AlternanceLigne = !AlternanceLigne;
     QStringView textes[grille::kColonnes];
-    for (int i = 0; i < Infos.size() && 3 + i < grille::kColonnes; ++i) {
-        grille::Cellule &cel = flxGrd.cellule(ligne, 3 + i);
+    for (int i = 0; i < Infos.size() && Colonne::PremierChamp + i < grille::kColonnes; ++i) {
+        grille::Cellule &cel = flxGrd.cellule(ligne, Colonne::PremierChamp + i);
         cel.alignement = grille::GaucheCentre;
-        textes[3 + i] = Infos[i];
+        textes[Colonne::PremierChamp + i] = Infos[i];
         cel.couleurTexte = CouleurFils;
     }
     if (Icone > 0) {
-        grille::Cellule &icone = flxGrd.cellule(ligne, 1);
+        grille::Cellule &icone = flxGrd.cellule(ligne, Colonne::Icone);
         icone.alignementImage = grille::CentreCentre;
         icone.definirImage(Source::Contenu, Icone);
     }
     const QString donnees[] = {kFils, QString::number(Parent), QString::number(Icone), QString::number(Icone2)};
     for (int i = 0; i < 4; ++i) {
-        textes[kColType + i] = donnees[i];
-        flxGrd.cellule(ligne, kColType + i).alignement = grille::GaucheCentre;
+        textes[Colonne::Type + i] = donnees[i];
+        flxGrd.cellule(ligne, Colonne::Type + i).alignement = grille::GaucheCentre;
     }
-    textes[kColCle1] = Cle1;
-    textes[kColCle1 + 1] = Cle2;
-    textes[kColCle1 + 2] = Cle3;
+    textes[Colonne::NumCompte] = Cle1;
+    textes[Colonne::NumDocument] = Cle2;
+    textes[Colonne::NumDossier] = Cle3;
     flxGrd.definirTextes(ligne, 0, textes, grille::kColonnes);
     ++NbLignes;
 }
@@ -289,15 +284,15 @@ void ModeleGrille::Clear() {
     if (redraw_) demanderAffichage();
 }
 
-bool ModeleGrille::IsLigneParent(int Ligne) const { return vue(Ligne, kColType) == kParent; }
+bool ModeleGrille::IsLigneParent(int Ligne) const { return vue(Ligne, Colonne::Type) == kParent; }
 
-QString ModeleGrille::GetParentEtat(int Ligne) const { return texte(Ligne, kColEtat); }
+QString ModeleGrille::GetParentEtat(int Ligne) const { return texte(Ligne, Colonne::Etat); }
 
 bool ModeleGrille::HasLigneFils(int Ligne) const {
     // Asked before a folder is deleted: the answer must hold whatever row the
     // grid last looked at, so that a folder with documents is never deleted.
     if (!flxGrd.existe(Ligne) || !flxGrd.existe(Ligne + 1)) return false;
-    return vue(Ligne + 1, kColType) != kParent;
+    return vue(Ligne + 1, Colonne::Type) != kParent;
 }
 
 void ModeleGrille::SelectLine(int Ligne) {
@@ -319,14 +314,14 @@ int ModeleGrille::LigneVisibleVoisine(int Ligne, int sens) const {
 }
 
 void ModeleGrille::definirRowid(int Ligne, qint64 Rowid) {
-    ecrire(Ligne, kColCle1 + 3, QString::number(Rowid));
+    ecrire(Ligne, Colonne::Rowid, QString::number(Rowid));
 }
 
 int ModeleGrille::LigneDeCle(bool dossier, const QString &NumDossier, const QString &Num, const QString &Rowid) const {
     for (int r = 2; r < flxGrd.Rows(); ++r) {
-        if (IsLigneParent(r) != dossier || vue(r, kColCle1 + 2) != NumDossier) continue;
-        if (!Rowid.isEmpty() && vue(r, kColCle1 + 3) != Rowid) continue;
-        if (dossier || vue(r, kColCle1 + 1) == Num) return r;
+        if (IsLigneParent(r) != dossier || vue(r, Colonne::NumDossier) != NumDossier) continue;
+        if (!Rowid.isEmpty() && vue(r, Colonne::Rowid) != Rowid) continue;
+        if (dossier || vue(r, Colonne::NumDocument) == Num) return r;
     }
     return -1;
 }
@@ -335,7 +330,7 @@ void ModeleGrille::Expend(bool Fermer) {
     const QString aBasculer = Fermer ? kOuvert : kFerme;
     for (size_t k = 0; k < LignesParents.size(); ++k) {
         const int ligne = LignesParents[k];
-        if (!flxGrd.existe(ligne) || vue(ligne, kColEtat) != aBasculer) continue;
+        if (!flxGrd.existe(ligne) || vue(ligne, Colonne::Etat) != aBasculer) continue;
         ligneSel_ = ligne;
         logiqueClic();
     }
@@ -377,16 +372,16 @@ void ModeleGrille::logiqueClic(bool basculer) {
 }
 
 void ModeleGrille::basculerParent(int ligne) {
-    const int numero = nombre(vue(ligne, kColNumero));
+    const int numero = nombre(vue(ligne, Colonne::Numero));
     // The children end before the next folder's row, or with the grid.
     int limite = 0;
     if (numero >= 0 && size_t(numero) + 1 < LignesParents.size()) limite = LignesParents[size_t(numero) + 1] + 1;
     if (GetParentEtat(ligne) == kOuvert) {
         FermerParent(ligne, limite);
-        ecrire(ligne, kColEtat, kFerme);
+        ecrire(ligne, Colonne::Etat, kFerme);
     } else {
         OuvrirParent(ligne, limite);
-        ecrire(ligne, kColEtat, kOuvert);
+        ecrire(ligne, Colonne::Etat, kOuvert);
     }
 }
 
@@ -402,7 +397,7 @@ void ModeleGrille::FermerParent(int Ligne, int limite) {
     for (int r = Ligne + 1; r <= dernier; ++r) {
         flxGrd.RowHeight(r, 0);
         // The icon is parked as its number in columns 1 and 2 until the folder opens.
-        const QString icone = QString::number(nombre(vue(r, kColNumero)));
+        const QString icone = QString::number(nombre(vue(r, Colonne::Numero)));
         const QStringView icones[] = {icone, icone};
         flxGrd.definirTextes(r, 1, icones, 2);
         for (int c = 1; c <= 2; ++c) flxGrd.cellule(r, c).effacerImage();

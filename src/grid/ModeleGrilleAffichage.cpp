@@ -1,6 +1,7 @@
 // Colours, pictures, column widths, cell access and properties of the grid.
 #include "ModeleGrille.h"
 
+#include "grid/Colonnes.h"
 #include "store/Reglages.h"
 
 using grille::nombre;
@@ -86,7 +87,7 @@ void ModeleGrille::ReDessiner() {
         couleurLigne(r, CouleurFils);
         // The icon follows column 13, so a changed icon or library shows here. A
         // number the library lacks paints no picture.
-        flxGrd.cellule(r, 1).definirImage(Source::Contenu, nombre(vue(r, 13)));
+        flxGrd.cellule(r, Colonne::Icone).definirImage(Source::Contenu, nombre(vue(r, Colonne::Numero)));
     }
     calculerLargeurs();
     Redraw(true);

@@ -2,6 +2,7 @@
 
 #include "Exports.h"
 
+#include "grid/Colonnes.h"
 #include "grid/ModeleGrille.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
@@ -23,7 +24,6 @@ namespace Exports {
 namespace {
 
 constexpr int kPremiereLigne = 2;  // rows 0 and 1 are the title and the section
-constexpr int kColonneTitre = 3;   // the eight fields are in columns 3 to 10
 constexpr int kNbChamps = 8;
 constexpr int kChaineTitreHtml = 109;
 constexpr int kChainePremierLibelle = 110;
@@ -312,7 +312,7 @@ Instantane::Instantane(const ModeleGrille &grille, int limite) {
         l.textes = cellules.textesPartages(r);
         l.dossier = grille.IsLigneParent(r);
         for (int k = 0; k < 8; ++k) {
-            const QStringView t = cellules.texte(r, kColonneTitre + k);
+            const QStringView t = cellules.texte(r, Colonne::PremierChamp + k);
             l.debut[size_t(k)] = int(t.data() - l.textes.constData());
             l.longueur[size_t(k)] = int(t.size());
         }

@@ -1,5 +1,6 @@
 #include "Recherche.h"
 
+#include "grid/Colonnes.h"
 #include "grid/ModeleGrille.h"
 
 #include <QStringMatcher>
@@ -9,9 +10,6 @@
 namespace Recherche {
 
 namespace {
-constexpr int kColonneType = 11;
-constexpr int kColonneNomDossier = 1;
-constexpr int kColonneTitre = 3;
 
 // A character as the search compares it: the first character of its canonical
 // decomposition, in its folded case; 0 for a combining mark, which decomposed text
@@ -65,7 +63,7 @@ QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool 
     const QString cherche = replier(QStringView(texte).trimmed());
     if (cherche.isEmpty()) return resultats;
     const grille::Grille &g = grille.cellules();
-    const int colonne = dossiers ? kColonneNomDossier : kColonneTitre;
+    const int colonne = dossiers ? Colonne::Icone : Colonne::Titre;
     const QStringMatcher motif(cherche, Qt::CaseSensitive);
     // Most titles have no accent: when the text sought is plain ASCII they are
     // compared as they stand, case-blind; the others once folded.
@@ -75,7 +73,7 @@ QList<Resultat> chercher(const ModeleGrille &grille, const QString &texte, bool 
     // The cells are read where they lie, never copied: one comparison a row.
     const int fin = qMin(grille.NbLignes, g.Rows());
     for (int ligne = 2; ligne < fin; ++ligne) {
-        const bool dossier = g.texte(ligne, kColonneType) == u'P';
+        const bool dossier = g.texte(ligne, Colonne::Type) == u'P';
         if (dossier != dossiers) continue;
         const QStringView cellule = g.texte(ligne, colonne);
         bool trouve = false;

@@ -76,7 +76,7 @@ bool lireDocument(int numCompte, qint64 rowid, Document &document) {
 
 }  // namespace Arbre
 
-void GénérerDossiersDefaut(int numCompte) {
+void GenererDossiersDefaut(int numCompte) {
     Connexion c;
     Requete r(c, "INSERT INTO Dossiers (NumCompte, Num, Nom) SELECT ?, Num, Nom FROM Dossiers WHERE NumCompte=0 ORDER BY Nom");
     r.lier(1, numCompte).executer();

@@ -70,4 +70,4 @@ int ChercherNouveauNumDossier();
 int ChercherNouveauNumDocument();
 
 // Copies the template folders (account 0) to the account, with their numbers.
-void GénérerDossiersDefaut(int numCompte);
+void GenererDossiersDefaut(int numCompte);

@@ -27,9 +27,9 @@ bool lireEntier(const QString &texte, int *valeur) {
 // The keys of the selected row, or false when the grid has no document there.
 bool cleSelection(CleDocument *cle, bool avecNum = true) {
     if (!grilleCourante) return false;
-    if (!lireEntier(grilleCourante->texteSelection(kColonneNumDossier), &cle->dossier)) return false;
-    cle->rowid = grilleCourante->texteSelection(kColonneRowid).trimmed().toLongLong();
-    return !avecNum || lireEntier(grilleCourante->texteSelection(kColonneNumDocument), &cle->num);
+    if (!lireEntier(grilleCourante->texteSelection(CleGrille::NumDossier), &cle->dossier)) return false;
+    cle->rowid = grilleCourante->texteSelection(CleGrille::Rowid).trimmed().toLongLong();
+    return !avecNum || lireEntier(grilleCourante->texteSelection(CleGrille::NumDocument), &cle->num);
 }
 
 [[noreturn]] void ligneDisparue(bool dossier) {
@@ -91,10 +91,10 @@ qint64 ajouterDocument(Connexion &c, int num, int dossier) {
 
 // The selected row when it is the folder of number num, with its row of the base.
 bool dossierSelectionne(int num, qint64 *rowid) {
-    if (!grilleCourante || !grilleCourante->texteSelection(kColonneNumDocument).isEmpty()) return false;
+    if (!grilleCourante || !grilleCourante->texteSelection(CleGrille::NumDocument).isEmpty()) return false;
     int numSelection = 0;
-    if (!lireEntier(grilleCourante->texteSelection(kColonneNumDossier), &numSelection) || numSelection != num) return false;
-    *rowid = grilleCourante->texteSelection(kColonneRowid).trimmed().toLongLong();
+    if (!lireEntier(grilleCourante->texteSelection(CleGrille::NumDossier), &numSelection) || numSelection != num) return false;
+    *rowid = grilleCourante->texteSelection(CleGrille::Rowid).trimmed().toLongLong();
     return true;
 }
 }  // namespace

@@ -6,21 +6,23 @@
 #include <QString>
 #include <QStringList>
 
-// What the store operations need to know of the grid: the hidden columns of the
-// selected row (16: document number, 17: folder number, 18: row of the base).
+// What the store operations need to know of the grid: the keys the selected row
+// keeps out of sight.
+enum class CleGrille {
+    NumDocument,
+    NumDossier,
+    // SQLite's rowid of the row's document or folder: numbers may repeat in a base
+    // edited by hand, this key never does.
+    Rowid,
+};
 class SelectionGrille {
 public:
     virtual ~SelectionGrille() = default;
-    virtual QString texteSelection(int colonne) const = 0;
+    virtual QString texteSelection(CleGrille cle) const = 0;
 };
 
 namespace Def {
 
-constexpr int kColonneNumDocument = 16;
-constexpr int kColonneNumDossier = 17;
-// SQLite's rowid of the row's document or folder: numbers may repeat in a base
-// edited by hand, this key never does.
-constexpr int kColonneRowid = 18;
 constexpr int kLongueurChamp = 255;
 
 // The grid the operations read their keys from; the main window registers its own.

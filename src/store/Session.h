@@ -9,9 +9,13 @@ namespace Session {
 inline int NumCompteCourant = 0;      // logged-in account; every query restricts on it
 inline QString LoginCourant;          // login as the user typed it
 inline QString PassCourant;           // plain password
-// How the login window was opened: none at program start, 0 while the main window
-// is up, 1 to create an account, 2 to change account or after a base was opened.
-inline std::optional<int> ModeLogin;
+// How the login window was opened: none at program start.
+enum class Mode : int {
+    Principale = 0,    // not opened: the main window is up
+    NouveauCompte = 1, // to create an account
+    AutreCompte = 2,   // to change account, or after a base was opened
+};
+inline std::optional<Mode> ModeLogin;
 // True from a successful login until the base under it is replaced: only then is
 // there a main window to go back to.
 inline bool Ouverte = false;
@@ -28,7 +32,7 @@ inline void reinitialiser() {
 // nothing of the session remains but the way back to the login window.
 inline void fermerApresRemplacement() {
     reinitialiser();
-    ModeLogin = 2;
+    ModeLogin = Mode::AutreCompte;
 }
 
 }  // namespace Session

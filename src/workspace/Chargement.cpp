@@ -98,7 +98,7 @@ void lireArbre(int numCompte, const std::function<void(const QList<Dossier> &)> 
     Arbre::Lecture lecture(numCompte);
     QList<Dossier> dossiers = ordonnerDossiers(lecture.dossiers());
     if (dossiers.isEmpty()) {
-        GénérerDossiersDefaut(numCompte);
+        GenererDossiersDefaut(numCompte);
         dossiers = ordonnerDossiers(lecture.dossiers());
     }
     QHash<int, int> indexDossier;

@@ -30,7 +30,7 @@ namespace {
 class SelectionDossier : public SelectionGrille {
 public:
     QString dossier;
-    QString texteSelection(int colonne) const override { return colonne == Def::kColonneNumDossier ? dossier : QString(); }
+    QString texteSelection(CleGrille cle) const override { return cle == CleGrille::NumDossier ? dossier : QString(); }
 };
 }  // namespace
 

@@ -1,3 +1,4 @@
+#include "grid/Colonnes.h"
 #include "grid/GrilleExemple.h"
 #include "grid/ModeleGrille.h"
 #include "support/BaseSql.h"
@@ -32,27 +33,27 @@ TEST(ModeleGrille, GenresDeLignesEtOrdreDesDocuments) {
 
     // The section went in first and the title above it.
     EXPECT_EQ(g.GetColumnInfos(0, 19), GrilleExemple::kTitre + "  ");
-    EXPECT_EQ(g.GetColumnInfos(1, 3), "Titre");
-    EXPECT_EQ(g.GetColumnInfos(1, 10), "Remarques");
+    EXPECT_EQ(g.GetColumnInfos(1, Colonne::Titre), "Titre");
+    EXPECT_EQ(g.GetColumnInfos(1, Colonne::Remarques), "Remarques");
     EXPECT_EQ(g.NbLignes, 10);
     QStringList lignes;
-    for (int r = 0; r < 10; ++r) lignes << (g.IsLigneParent(r) ? "P" : "") + g.texte(r, 3).trimmed();
+    for (int r = 0; r < 10; ++r) lignes << (g.IsLigneParent(r) ? "P" : "") + g.texte(r, Colonne::Titre).trimmed();
     EXPECT_EQ(lignes.mid(2), QStringList({"PBanque", "Banque-2", "Banque-1", "Banque-0", "PVide", "PWeb", "Web-1", "Web-0"}));
     EXPECT_FALSE(g.IsLigneParent(0) || g.IsLigneParent(1));
 
     // A folder: its name as far as column NbColonnes + 2, then its marks.
-    EXPECT_EQ(g.GetColumnInfos(7, 9), " Web");
-    EXPECT_EQ(g.GetColumnInfos(7, 10), "");
+    EXPECT_EQ(g.GetColumnInfos(7, Colonne::DateFin), " Web");
+    EXPECT_EQ(g.GetColumnInfos(7, Colonne::Remarques), "");
     EXPECT_EQ(g.GetParentEtat(7), "B");
-    EXPECT_EQ(g.GetColumnInfos(7, 13), "2");
-    EXPECT_EQ(g.GetColumnInfos(7, 17), "12");
+    EXPECT_EQ(g.GetColumnInfos(7, Colonne::Numero), "2");
+    EXPECT_EQ(g.GetColumnInfos(7, Colonne::NumDossier), "12");
     EXPECT_EQ(cel(g, 7, 0).image, 5);
 
     // A document: the marks go over the extra entries of the row image.
     QStringList colonnes;
     for (int c = 11; c <= 18; ++c) colonnes << g.GetColumnInfos(8, c);
     EXPECT_EQ(colonnes, QStringList({"F", "2", "2", "0", "1", "301", "12", ""}));
-    EXPECT_EQ(g.GetColumnInfos(8, 10), "note");
+    EXPECT_EQ(g.GetColumnInfos(8, Colonne::Remarques), "note");
     EXPECT_EQ(cel(g, 8, 1).source, Source::Contenu);
     EXPECT_EQ(cel(g, 8, 1).image, 2);
 }
@@ -65,7 +66,7 @@ TEST(ModeleGrille, AddFilsDecaleLesDossiersSuivants) {
     int parent = 0;
     g.AddFils(GrilleExemple::infos("nouveau", "9", "10"), parent, 1, 0, "1", "9", "10");
     EXPECT_EQ(parent, 1);  // the caller's variable moved on
-    EXPECT_EQ(g.texte(3, 3), "nouveau");
+    EXPECT_EQ(g.texte(3, Colonne::Titre), "nouveau");
     EXPECT_EQ(g.ligneParent(0), 2);
     EXPECT_EQ(g.ligneParent(1), 5);
     EXPECT_EQ(g.ligneParent(2), 8);
@@ -91,10 +92,10 @@ TEST(ModeleGrille, FermerJusquAuDossierSuivantPuisRouvrir) {
     for (int r = 3; r <= 5; ++r) {
         EXPECT_EQ(hauteur(g, r), 0);
         // The icon parked as its number, the text in the background colour, the keys still there.
-        EXPECT_EQ(g.texte(r, 1) + g.texte(r, 2), g.texte(r, 13) + g.texte(r, 13));
+        EXPECT_EQ(g.texte(r, 1) + g.texte(r, 2), g.texte(r, Colonne::Numero) + g.texte(r, Colonne::Numero));
         EXPECT_EQ(cel(g, r, 1).source, Source::Aucune);
         EXPECT_EQ(cel(g, r, 5).couleurTexte, g.cellules().BackColorBkg);
-        EXPECT_FALSE(g.texte(r, 16).isEmpty());
+        EXPECT_FALSE(g.texte(r, Colonne::NumDocument).isEmpty());
     }
     EXPECT_EQ(hauteur(g, 6), 370);  // the next folder stays, and now follows A on screen
     EXPECT_EQ(g.cellules().ligneAuPixel(g.cellules().hautPixels(2) + 25), 6);
@@ -105,7 +106,7 @@ TEST(ModeleGrille, FermerJusquAuDossierSuivantPuisRouvrir) {
     for (int r = 3; r <= 5; ++r) {
         EXPECT_EQ(hauteur(g, r), 240);
         EXPECT_EQ(g.texte(r, 1) + g.texte(r, 2), "");
-        EXPECT_EQ(cel(g, r, 1).image, g.texte(r, 13).toInt());
+        EXPECT_EQ(cel(g, r, 1).image, g.texte(r, Colonne::Numero).toInt());
         EXPECT_EQ(cel(g, r, 5).couleurTexte, 0);
     }
 
@@ -187,11 +188,11 @@ TEST(ModeleGrille, CellulesHorsDeLaGrilleEtHasLigneFils) {
     GrilleExemple::charger(g, {{"A", 2}, {"Vide", 0}, {"C", 1}, {"Dernier", 0}});  // A 2, Vide 5, C 6, Dernier 8
     const int rows = g.cellules().Rows();
     int largeur = -5, haut = -5, hauteur = -5;
-    EXPECT_EQ(g.GetColumnInfos(rows, 3, largeur, haut, hauteur), "");
+    EXPECT_EQ(g.GetColumnInfos(rows, Colonne::Titre, largeur, haut, hauteur), "");
     EXPECT_FALSE(g.Redraw());  // repainting stays off until a later operation
     EXPECT_EQ(largeur, -5);
-    EXPECT_EQ(g.GetColumnInfos(2, 20) + g.GetColumnInfos(-1, 3) + g.GetParentEtat(rows), "");
-    EXPECT_FALSE(g.SetColumnInfos(rows, 3, "x"));
+    EXPECT_EQ(g.GetColumnInfos(2, 20) + g.GetColumnInfos(-1, Colonne::Titre) + g.GetParentEtat(rows), "");
+    EXPECT_FALSE(g.SetColumnInfos(rows, Colonne::Titre, "x"));
     EXPECT_FALSE(g.IsLigneParent(rows) || g.IsLigneParent(-3));
     g.SelectLine(rows);
     g.DelFils(rows);
@@ -199,11 +200,11 @@ TEST(ModeleGrille, CellulesHorsDeLaGrilleEtHasLigneFils) {
     EXPECT_EQ(g.cellules().Rows(), rows);
 
     // And the grid goes on.
-    EXPECT_TRUE(g.SetColumnInfos(3, 4, "neuf"));
+    EXPECT_TRUE(g.SetColumnInfos(3, Colonne::Login, "neuf"));
     EXPECT_TRUE(g.Redraw());
-    g.MajColumnInfos(3, 5, 42);
-    EXPECT_EQ(g.GetColumnInfos(3, 4, largeur, haut, hauteur), "neuf");
-    EXPECT_EQ(g.GetColumnInfos(3, 5), "42");
+    g.MajColumnInfos(3, Colonne::MotDePasse, 42);
+    EXPECT_EQ(g.GetColumnInfos(3, Colonne::Login, largeur, haut, hauteur), "neuf");
+    EXPECT_EQ(g.GetColumnInfos(3, Colonne::MotDePasse), "42");
     EXPECT_EQ(haut, 25 + 23 + 25);
     EXPECT_EQ(hauteur, 16);
 
@@ -249,8 +250,8 @@ TEST(ModeleGrille, ReDessinerReprendCouleursEtIcones) {
     for (int i = 0; i < cles.size(); ++i) Reglages::ecrire(cles[i], 11 * (i + 1));
     Reglages::ecrire("Couleurs", "BackColor", "15790320");
 
-    g.SetColumnInfos(3, 13, 5);
-    g.SetColumnInfos(4, 13, 0);
+    g.SetColumnInfos(3, Colonne::Numero, 5);
+    g.SetColumnInfos(4, Colonne::Numero, 0);
     g.ReDessiner();
     QList<int> couleurs;
     for (int r : {0, 1, 2, 3, 6}) couleurs << cel(g, r, 7).couleurTexte;

@@ -1,4 +1,5 @@
 // The grid widget as its owner sees it: mouse clicks, the events, the painting.
+#include "grid/Colonnes.h"
 #include "grid/GrilleExemple.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "support/EnvironnementTest.h"
@@ -39,13 +40,13 @@ private slots:
         QCOMPARE(clics.count(), 1);
         QCOMPARE(g.LigneCourante, 2);
         QCOMPARE(g.GetParentEtat(2), QStringLiteral("A"));
-        QCOMPARE(g.texteSelection(17), QStringLiteral("10"));
+        QCOMPARE(g.texteSelection(CleGrille::NumDossier), QStringLiteral("10"));
         QCOMPARE(g.cellules().ligneAuPixel(dansLaLigne(g, 2).y() + 25), 6);  // B right below A
 
         QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, dansLaLigne(g, 8));
         QCOMPARE(clics.count(), 2);
         QCOMPARE(g.LigneCourante, 8);
-        QCOMPARE(g.texteSelection(16), QStringLiteral("200"));
+        QCOMPARE(g.texteSelection(CleGrille::NumDocument), QStringLiteral("200"));
         QCOMPARE(g.ligneGras(), 6);
         QTRY_COMPARE(fondCellule(g, 8, 7), QColor(0xe0, 0xe0, 0xe0));
         QCOMPARE(fondCellule(g, 8, 0), QColor(Qt::white));  // the icon area takes no selection
@@ -63,7 +64,7 @@ private slots:
         EnvironnementTest env;
         MyCoolGrid g;
         GrilleExemple::charger(g, {{"A", 40}, {"B", 2}});
-        g.SetColumnInfos(4, 13, 99);  // an icon the library lacks
+        g.SetColumnInfos(4, Colonne::Numero, 99);  // an icon the library lacks
         for (int i = 0; i < 8; ++i) Reglages::ecrireColonneVisible(i, false);
         g.resize(400, 200);
         g.show();
@@ -75,7 +76,7 @@ private slots:
         // A row chosen by the search is scrolled into view.
         g.SelectLine(g.ligneParent(1) + 1);
         int largeur = 0, haut = 0, hauteur = 0;
-        g.GetColumnInfos(g.LigneCourante, 3, largeur, haut, hauteur);
+        g.GetColumnInfos(g.LigneCourante, Colonne::Titre, largeur, haut, hauteur);
         QVERIFY(haut >= 0 && haut + hauteur <= g.height());
 
         QCOMPARE(g.GetCellPicture(0).size(), QSize(400, 20));  // the title band
@@ -96,12 +97,12 @@ private slots:
         }
         g.ReChargerIcones(liste);
         GrilleExemple::charger(g, {{"A", 1}});
-        g.SetColumnInfos(3, 13, 5);
+        g.SetColumnInfos(3, Colonne::Numero, 5);
         g.ReDessiner();
         const QImage vue = g.GetCellPicture(3).toImage();
         QVERIFY(!vue.isNull());
         QCOMPARE(vue.pixelColor(vue.width() / 2, vue.height() / 2), QColor(Qt::blue));
-        g.SetColumnInfos(3, 13, 3);  // a Num the library lacks
+        g.SetColumnInfos(3, Colonne::Numero, 3);  // a Num the library lacks
         g.ReDessiner();
         QVERIFY(g.GetCellPicture(3).isNull());
     }

@@ -1,5 +1,6 @@
 // The options window driven through its real controls, over a real base.
 
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "options/Blit.h"
 #include "options/fenetres/ApercuExport.h"
@@ -28,8 +29,8 @@ class TestFrmOptions : public QObject {
 
     // Opens the options from the main window and runs the steps while the window is up.
     void options(const std::function<void(FrmOptions *)> &etapes) {
-        QVERIFY(t->dialogue<FrmOptions>([this] { QTest::mouseClick(f->Boutons[6], Qt::LeftButton); }, etapes));
-        QVERIFY(!f->Boutons[6]->estEnfonce());
+        QVERIFY(t->dialogue<FrmOptions>([this] { QTest::mouseClick(f->Boutons[Bouton::Options], Qt::LeftButton); }, etapes));
+        QVERIFY(!f->Boutons[Bouton::Options]->estEnfonce());
     }
     // A check box or an option reacts on its mark and its caption, not on the blank beyond.
     static void cocher(QAbstractButton *b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(8, b->height() / 2)); }
@@ -59,7 +60,7 @@ private slots:
     void lesExportsSontEcritsUneFoisPuisCopies() {
         options([this](FrmOptions *o) {
             // A first start: the export page, HTML, every column shown.
-            QVERIFY(o->P[0]->isVisible() && !o->P[1]->isVisible());
+            QVERIFY(o->P[FrmOptions::PageExports]->isVisible() && !o->P[FrmOptions::PageColonnes]->isVisible());
             QVERIFY(o->OExport[0]->isChecked());
             for (QCheckBox *c : o->Info) QVERIFY(c->isChecked());
             o->attendreExports();
@@ -118,10 +119,10 @@ private slots:
     void colonnesEtCouleurs() {
         options([this](FrmOptions *o) {
             // A tab remembers its page; a click on the page shown changes nothing.
-            QTest::mouseClick(o->Onglets[1], Qt::LeftButton);
-            QTest::mouseClick(o->Onglets[1], Qt::LeftButton);
-            QVERIFY(o->P[1]->isVisible() && !o->P[0]->isVisible());
-            QVERIFY(o->Onglets[1]->estEnfonce());
+            QTest::mouseClick(o->Onglets[FrmOptions::PageColonnes], Qt::LeftButton);
+            QTest::mouseClick(o->Onglets[FrmOptions::PageColonnes], Qt::LeftButton);
+            QVERIFY(o->P[FrmOptions::PageColonnes]->isVisible() && !o->P[FrmOptions::PageExports]->isVisible());
+            QVERIFY(o->Onglets[FrmOptions::PageColonnes]->estEnfonce());
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::Options), 1);
             // A column unchecked is saved at once, and the grid takes it at "Valider".
             const int largeur = f->MG->cellules().ColWidth(4);
@@ -136,26 +137,26 @@ private slots:
                 if (o->Info[i]->isChecked()) cocher(o->Info[i]);
             QTest::mouseClick(o->OInfo[0], Qt::LeftButton);
             QCOMPARE(f->MG->cellules().ColWidth(3) + f->MG->cellules().ColWidth(10), 0);
-            QCOMPARE(f->MG->GetColumnInfos(3, 3), QStringLiteral("Compte courant"));
+            QCOMPARE(f->MG->GetColumnInfos(3, Colonne::Titre), QStringLiteral("Compte courant"));
 
             // Colours: chosen on the samples, stored only by "Valider".
-            QTest::mouseClick(o->Onglets[2], Qt::LeftButton);
+            QTest::mouseClick(o->Onglets[FrmOptions::PageCouleurs], Qt::LeftButton);
             ChoixFichier::prevoirCouleurs({0x112233, 0x445566, -1});
-            QTest::mouseClick(o->OCoul[0], Qt::LeftButton);   // background
-            QCOMPARE(o->OCoul[4]->fond, 0x112233);           // the document sample follows it
-            QTest::mouseClick(o->OCoul[3], Qt::LeftButton);   // folder labels
+            QTest::mouseClick(o->OCoul[FrmOptions::CouleurFond], Qt::LeftButton);   // background
+            QCOMPARE(o->OCoul[FrmOptions::CouleurDocument]->fond, 0x112233);           // the document sample follows it
+            QTest::mouseClick(o->OCoul[FrmOptions::CouleurDossier], Qt::LeftButton);   // folder labels
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0);
             // A cancel gives back the colour the dialog was given: the sample's back colour.
-            QTest::mouseClick(o->OCoul[1], Qt::LeftButton);
-            QCOMPARE(o->OCoul[1]->texte, o->OCoul[1]->fond);
+            QTest::mouseClick(o->OCoul[FrmOptions::CouleurTitre], Qt::LeftButton);
+            QCOMPARE(o->OCoul[FrmOptions::CouleurTitre]->texte, o->OCoul[FrmOptions::CouleurTitre]->fond);
             QTest::mouseClick(o->OInterface[0], Qt::LeftButton);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::Backcolor), 0x112233);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0x445566);
-            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurTitre), o->OCoul[1]->fond);
+            QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurTitre), o->OCoul[FrmOptions::CouleurTitre]->fond);
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurSelection), 14737632);
             QCOMPARE(f->MG->cellules().BackColor, 0x112233);
             // The tabs stand on that background: their captions must read there.
-            const int ecart = o->Onglets[0]->palette().color(QPalette::ButtonText).lightness() -
+            const int ecart = o->Onglets[FrmOptions::PageExports]->palette().color(QPalette::ButtonText).lightness() -
                               Apparence::couleur(0x112233).lightness();
             QVERIFY2(qAbs(ecart) > 120, qPrintable(QString::number(ecart)));
         });
@@ -175,7 +176,7 @@ private slots:
         const QString filtres = QStringLiteral("Fichiers icones (*.ico);;Images (*.png *.svg *.xpm *.bmp *.gif *.jpg *.jpeg)");
 
         options([&](FrmOptions *o) {
-            QTest::mouseClick(o->Onglets[3], Qt::LeftButton);
+            QTest::mouseClick(o->Onglets[FrmOptions::PageIcones], Qt::LeftButton);
             QListWidget *liste = o->ListeIcones;
             QCOMPARE(liste->count(), 6);
             QCOMPARE(liste->item(5)->text(), stock.at(5));

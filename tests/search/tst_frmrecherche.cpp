@@ -1,9 +1,11 @@
 // The search window driven through its real controls, over a real base.
 
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "search/fenetres/FrmRecherche.h"
 #include "support/PrincipaleTest.h"
 #include "ui/fenetres/BoutonImage.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -20,7 +22,7 @@ class TestFrmRecherche : public QObject {
 
     int ligne(const QString &texte) {
         for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (f->MG->GetColumnInfos(i, 3).trimmed() == texte) return i;
+            if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
         return -1;
     }
     // Opens the search from the keyboard and runs the steps inside it while it is up.
@@ -96,8 +98,8 @@ private slots:
         QCOMPARE(f->MG->GetParentEtat(dossier), QStringLiteral("B"));
         QCOMPARE(f->MG->LigneCourante, ligne(QStringLiteral("Livret été")));
         QVERIFY(f->MG->cellules().hauteurPixels(f->MG->LigneCourante) > 0);
-        QVERIFY(f->SaisieVisible && f->Saisie[3]->isVisible());
-        QCOMPARE(f->Saisie[3]->text(), QStringLiteral("Livret été"));
+        QVERIFY(f->Edition->SaisieVisible && f->Edition->Saisie[Colonne::Titre]->isVisible());
+        QCOMPARE(f->Edition->Saisie[Colonne::Titre]->text(), QStringLiteral("Livret été"));
         f->MG->SelectLine(dossier);  // closes it again
 
         // A folder chosen is clicked: it opens, and a second time closes.

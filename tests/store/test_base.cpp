@@ -21,11 +21,11 @@ namespace {
 // The grid's selected row, as the store reads it.
 class GrilleFactice : public SelectionGrille {
 public:
-    QMap<int, QString> colonnes;
-    QString texteSelection(int colonne) const override { return colonnes.value(colonne); }
+    QMap<CleGrille, QString> colonnes;
+    QString texteSelection(CleGrille cle) const override { return colonnes.value(cle); }
     void selectionner(int num, int dossier) {
-        colonnes[Def::kColonneNumDocument] = QString::number(num);
-        colonnes[Def::kColonneNumDossier] = QString::number(dossier);
+        colonnes[CleGrille::NumDocument] = QString::number(num);
+        colonnes[CleGrille::NumDossier] = QString::number(dossier);
     }
 };
 
@@ -220,13 +220,13 @@ TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
     // Without the row of the base, nothing is guessed.
     grille.selectionner(5, 2);
     EXPECT_THROW(SupprimerDocument(), Base::ErreurBase);
-    grille.colonnes[Def::kColonneRowid] = zulu;
+    grille.colonnes[CleGrille::Rowid] = zulu;
     EXPECT_TRUE(SupprimerDocument());
     EXPECT_EQ(sql("SELECT Titre FROM Documents"), QStringList{"Alpha"});
     // The row gone, its rowid names nothing any more.
     EXPECT_THROW(MajChampDocument(3, "x"), Base::ErreurBase);
 
-    grille.colonnes = {{Def::kColonneNumDossier, "3"}, {Def::kColonneRowid, deux}};
+    grille.colonnes = {{CleGrille::NumDossier, "3"}, {CleGrille::Rowid, deux}};
     EXPECT_TRUE(EcrireDossier("Deux bis", 3));
     EXPECT_TRUE(SupprimerDossier(3));
     EXPECT_EQ(sql("SELECT Nom FROM Dossiers WHERE NumCompte=1"), QStringList{"Un"});
@@ -272,7 +272,7 @@ TEST_F(Store, LesComptesSontNumerotesParMaxPlusUnEtTrouvesSansCasseNiBlancs) {
 }
 
 TEST_F(Store, EcrireDocumentEcritToutOuRien) {
-    grille.colonnes[Def::kColonneNumDossier] = "2";
+    grille.colonnes[CleGrille::NumDossier] = "2";
     const QStringList champs{"Banque", "moi", "pw", "https://b.example", "", "01/02/2026", "", "r", "3"};
     EXPECT_TRUE(EcrireDocument(7, champs));
     EXPECT_EQ(sql("SELECT * FROM Documents"), QStringList{"1|7|2|Banque|moi|pw|https://b.example||01/02/2026||r|3"});

@@ -56,7 +56,7 @@ private slots:
         FrmLogin *f = ouvrir();
         QVERIFY(f && f->isVisible());
         QCOMPARE(f->Login->count(), 0);
-        QCOMPARE(f->L[1]->text(), QStringLiteral("Choisir un compte"));
+        QCOMPARE(f->L[FrmLogin::LibelleEntete]->text(), QStringLiteral("Choisir un compte"));
         QVERIFY(Messages::affiches().isEmpty());  // no attempt on an empty list
 
         taperLogin(f, QStringLiteral(" Alice "));
@@ -106,7 +106,7 @@ private slots:
         QCOMPARE(Session::NumCompteCourant, 1);
         QCOMPARE(Session::LoginCourant, QStringLiteral(" Alice "));
         QCOMPARE(Session::PassCourant, QStringLiteral("Secret 1"));
-        QCOMPARE(Session::ModeLogin, std::optional<int>(0));
+        QCOMPARE(Session::ModeLogin, std::optional(Session::Mode::Principale));
         QCOMPARE(Reglages::lireTexte(Reglages::Cle::Username), QStringLiteral(" Alice "));
     }
 
@@ -246,9 +246,9 @@ private slots:
         Comptes::creer(1, QStringLiteral("alice"), QStringLiteral("a"));
         Session::NumCompteCourant = 1;
         Session::Ouverte = true;
-        Session::ModeLogin = 1;
+        Session::ModeLogin = Session::Mode::NouveauCompte;
         f = ouvrir();
-        QCOMPARE(f->L[1]->text(), QStringLiteral("Créer un nouveau compte"));
+        QCOMPARE(f->L[FrmLogin::LibelleEntete]->text(), QStringLiteral("Créer un nouveau compte"));
         QCOMPARE(f->Login->currentIndex(), -1);
         QCOMPARE(f->Pass->text(), QString());
         QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
@@ -256,10 +256,10 @@ private slots:
         QVERIFY(Navigation::fenetrePrincipale());
 
         // Opened to change account: the first entry is chosen, closing goes back.
-        Session::ModeLogin = 2;
+        Session::ModeLogin = Session::Mode::AutreCompte;
         f = ouvrir();
         QVERIFY(!Navigation::fenetrePrincipale());
-        QCOMPARE(f->L[1]->text(), QStringLiteral("Choisir un compte"));
+        QCOMPARE(f->L[FrmLogin::LibelleEntete]->text(), QStringLiteral("Choisir un compte"));
         QCOMPARE(f->Login->currentIndex(), 0);
         QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
         QVERIFY(Navigation::fenetrePrincipale());
@@ -269,11 +269,11 @@ private slots:
         FrmLogin *f = ouvrir();
         f->move(100, 100);
         const QPoint depart = f->pos();
-        QTest::mousePress(f->L[3], Qt::LeftButton, {}, QPoint(5, 5));
-        QMouseEvent deplacement(QEvent::MouseMove, QPointF(45, 35), f->L[3]->mapToGlobal(QPointF(45, 35)), Qt::NoButton,
+        QTest::mousePress(f->L[FrmLogin::LibelleLogin], Qt::LeftButton, {}, QPoint(5, 5));
+        QMouseEvent deplacement(QEvent::MouseMove, QPointF(45, 35), f->L[FrmLogin::LibelleLogin]->mapToGlobal(QPointF(45, 35)), Qt::NoButton,
                                 Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(f->L[3], &deplacement);
-        QTest::mouseRelease(f->L[3], Qt::LeftButton, {}, QPoint(45, 35));
+        QCoreApplication::sendEvent(f->L[FrmLogin::LibelleLogin], &deplacement);
+        QTest::mouseRelease(f->L[FrmLogin::LibelleLogin], Qt::LeftButton, {}, QPoint(45, 35));
         QCOMPARE(f->pos() - depart, QPoint(40, 30));
     }
 };

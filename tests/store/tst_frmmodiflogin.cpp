@@ -33,7 +33,7 @@ private slots:
         Session::NumCompteCourant = 1;
         Session::LoginCourant = QStringLiteral(" Alice");  // as typed at login
         Session::PassCourant = QStringLiteral("ancien");
-        Session::ModeLogin = 0;
+        Session::ModeLogin = Session::Mode::Principale;
     }
     void cleanup() {
         Navigation::fermerTout();
@@ -48,8 +48,8 @@ private slots:
         QVERIFY(f.Login->isReadOnly());
         QCOMPARE(f.Pass->text(), QString(12, u'*'));
         QCOMPARE(f.Pass2->text(), QString());
-        QCOMPARE(f.L[0]->text(), QStringLiteral("Vérification"));
-        QCOMPARE(f.L[1]->text(), QStringLiteral("Modification du mot de passe"));
+        QCOMPARE(f.L[FrmModifLogin::LibelleVerification]->text(), QStringLiteral("Vérification"));
+        QCOMPARE(f.L[FrmModifLogin::LibelleEntete]->text(), QStringLiteral("Modification du mot de passe"));
 
         // A new password the cipher can't keep is refused by name, and nothing changes.
         f.Pass->setText(QStringLiteral("naïve"));
@@ -78,7 +78,7 @@ private slots:
         QCOMPARE(passStocke(), QStringList{CrypterChamp(QStringLiteral("Nouveau 2"))});
 
         // The login window now wants the new password and refuses the old one.
-        Session::ModeLogin = 2;
+        Session::ModeLogin = Session::Mode::AutreCompte;
         Navigation::afficherLogin();
         FrmLogin *login = Navigation::fenetreLogin();
         taper(login->Pass, QStringLiteral("ancien"));

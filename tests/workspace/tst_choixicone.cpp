@@ -1,8 +1,9 @@
 // The icon picker end to end: opened from the main window and from the document
 // dialog, driven by the keyboard, and the base read afterwards.
 
-#include "dialogs/fenetres/FrmAP.h"
 #include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "dialogs/fenetres/FrmAP.h"
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "menus/fenetres/cMenuItems.h"
 #include "menus/fenetres/modMenus.h"
@@ -72,16 +73,16 @@ private slots:
         QVERIFY(modMenus::Relief() && modMenus::DegradeActif() && !modMenus::Soulignement() && modMenus::BarreAuto());
 
         auMenu([](QMenu *menu) { touches(menu, 3); });  // the third icon: Favoris, Num 3
-        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
-        QCOMPARE(f->MG->GetColumnInfos(ligne, 13), QStringLiteral("3"));
+        QTest::mouseClick(f->Boutons[Bouton::ModifierIcone], Qt::LeftButton);
+        QCOMPARE(f->MG->GetColumnInfos(ligne, Colonne::Numero), QStringLiteral("3"));
         QCOMPARE(icones(), QStringList{"3"});
-        QVERIFY(!f->Boutons[16]->estEnfonce());
+        QVERIFY(!f->Boutons[Bouton::ModifierIcone]->estEnfonce());
 
         // The window opened again reads the base: the choice is there.
         Navigation::fermerTout();
         Navigation::afficherPrincipale();
         frmMain *g = Navigation::fenetrePrincipale();
-        QCOMPARE(g->MG->GetColumnInfos(g->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")), 13), QStringLiteral("3"));
+        QCOMPARE(g->MG->GetColumnInfos(g->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")), Colonne::Numero), QStringLiteral("3"));
     }
 
     // An empty library: one line that says so and can't be picked; Enter changes nothing.
@@ -101,7 +102,7 @@ private slots:
                 }
             touches(menu, 1);
         });
-        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ModifierIcone], Qt::LeftButton);
         QCOMPARE(actifs, QList<bool>{false});
         QCOMPARE(textes, QStringList{FrmPop::kAucuneIcone});
         QVERIFY(taille.width() > QFontMetrics(QApplication::font()).horizontalAdvance(FrmPop::kAucuneIcone) && taille.height() >= 20);
@@ -131,7 +132,7 @@ private slots:
             }
             touches(menu, 4);
         });
-        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ModifierIcone], Qt::LeftButton);
         QCOMPARE(noms, (QStringList{"Icône 1", "-Moins", "R&D", "A{B}C"}));
         QCOMPARE(choisissables, (QList<bool>{true, true, true, true}));
         QCOMPARE(icones(), QStringList{"4"});
@@ -144,7 +145,7 @@ private slots:
         f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral("DELETE FROM Documents;"));
         auMenu([](QMenu *menu) { touches(menu, 2); });
-        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ModifierIcone], Qt::LeftButton);
         const QStringList vus = Messages::affiches();
         QCOMPARE(vus.size(), 1);
         QVERIFY(vus.first().startsWith(QStringLiteral("Ce document n'est plus dans la base")));
@@ -159,7 +160,7 @@ private slots:
         f->MG->SelectLine(f->MG->LigneDeCle(true, QStringLiteral("10")));
         QImage apercu;
         QString tag;
-        const bool venu = p.dialogue<FrmAjoutDoc>([f] { QTest::mouseClick(f->Boutons[11], Qt::LeftButton); },
+        const bool venu = p.dialogue<FrmAjoutDoc>([f] { QTest::mouseClick(f->Boutons[Bouton::NouveauDocument], Qt::LeftButton); },
                                                   [&](FrmAjoutDoc *d) {
             d->Saisie[0]->setText(QStringLiteral("Nouveau"));
             auMenu([](QMenu *menu) { touches(menu, 2); });  // the second item: Favoris, Num 3
@@ -192,7 +193,7 @@ private slots:
         frmMain *f = p.f;
         f->MG->SelectLine(f->MG->LigneDeCle(false, QStringLiteral("10"), QStringLiteral("1")));
         auMenu([](QMenu *menu) { QTest::keyClick(menu, Qt::Key_Escape); });
-        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ModifierIcone], Qt::LeftButton);
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral("INSERT INTO Icones SELECT 9, ico, 'Neuve' FROM Icones WHERE Num = 1;"));
         f->imgCONTENU.chargerBase();
         FrmPop::IconesModifiees = true;
@@ -207,7 +208,7 @@ private slots:
             for (QAction *a : menu->actions()) items += a->isVisible();
             QTest::mouseClick(menu, Qt::LeftButton, {}, QPoint(10, menu->height() / 2));
         });
-        QTest::mouseClick(f->Boutons[16], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ModifierIcone], Qt::LeftButton);
         QCOMPARE(items, 7);
         // The records of the items read again take the places of the old ones.
         QCOMPARE(modMenus::objetFenetre(f->findChild<FrmPop *>())->nombreItems(), 1 + 7);

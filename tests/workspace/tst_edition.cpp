@@ -4,6 +4,7 @@
 #include "dialogs/fenetres/FrmAjoutDoc.h"
 #include "dialogs/fenetres/FrmAjoutDossier.h"
 #include "dialogs/fenetres/FrmGenerateur.h"
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "options/Exports.h"
 #include "store/Comptes.h"
@@ -13,6 +14,7 @@
 #include "support/PrincipaleTest.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "workspace/fenetres/frmMain.h"
 
 #include <QApplication>
@@ -37,13 +39,13 @@ class TestEdition : public QObject {
     // The grid row of the folder or document whose column 3 reads texte.
     int ligne(const QString &texte) {
         for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (f->MG->GetColumnInfos(i, 3).trimmed() == texte) return i;
+            if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
         return -1;
     }
     void cliquerLigne(int l) {
         f->MG->rendreVisible(l);  // scrolled to first, as a user does
         int w = 0, y = 0, h = 0;
-        f->MG->GetColumnInfos(l, 3, w, y, h);
+        f->MG->GetColumnInfos(l, Colonne::Titre, w, y, h);
         QTest::mouseClick(f->MG->viewport(), Qt::LeftButton, {}, QPoint(f->MG->viewport()->width() / 2, y + h / 2));
     }
     void commande(int index) { QTest::mouseClick(f->Boutons[index], Qt::LeftButton); }
@@ -64,8 +66,8 @@ class TestEdition : public QObject {
         cliquerLigne(ligne(titre));
         QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : ") + titre));
         touche(Qt::Key_F2);
-        QVERIFY(f->SaisieVisible);
-        QCOMPARE(QApplication::focusWidget(), f->Saisie[3]);
+        QVERIFY(f->Edition->SaisieVisible);
+        QCOMPARE(QApplication::focusWidget(), f->Edition->Saisie[Colonne::Titre]);
     }
     void nommerDossier(const QString &nom) {
         f->definirPreparationDialogue([nom](QWidget *d) {
@@ -82,7 +84,7 @@ class TestEdition : public QObject {
     }
     QList<bool> etatsBoutons() {
         QList<bool> e;
-        for (int i = 12; i <= 16; ++i) e << f->Boutons[i]->isEnabled();
+        for (int i = Bouton::SupprimerDossier; i <= Bouton::ModifierIcone; ++i) e << f->Boutons[i]->isEnabled();
         return e;
     }
 
@@ -123,7 +125,7 @@ private slots:
                 QTest::keyClick(dossier->Saisie, Qt::Key_Return);
             });
         });
-        commande(10);
+        commande(Bouton::NouveauDossier);
         QCOMPARE(sql(QStringLiteral("SELECT Num, Nom FROM Dossiers WHERE NumCompte=1 AND Num=41")), QStringList{QStringLiteral("41|Courriel")});
         const int dossier = ligne(QStringLiteral("Courriel"));
         QVERIFY(dossier > 0);
@@ -134,31 +136,31 @@ private slots:
             QTimer::singleShot(0, d, [d] {
                 auto *doc = qobject_cast<FrmAjoutDoc *>(d);
                 QVERIFY(doc);
-                QCOMPARE(doc->L[2]->text(), QStringLiteral("Courriel"));
+                QCOMPARE(doc->L[FrmAjoutDoc::LibelleNomDossier]->text(), QStringLiteral("Courriel"));
                 doc->Saisie[0]->setText(QStringLiteral("Boîte perso"));
                 QTest::keyClicks(doc->Saisie[2], QStringLiteral("premier"));
                 QTest::keyClick(doc->Saisie[2], Qt::Key_Return);
             });
         });
-        commande(11);
+        commande(Bouton::NouveauDocument);
         QCOMPARE(sql(QStringLiteral("SELECT NumDossier, Titre, MotDePasse FROM Documents WHERE Num=3")),
                  QStringList{QStringLiteral("41|Boîte perso|premier")});
 
         // Its password edited in place: enciphered in the base, plain after a reload.
         cliquerLigne(ligne(QStringLiteral("Boîte perso")));
-        commande(15);
-        f->Saisie[5]->setFocus();
-        f->Saisie[5]->selectAll();
-        QTest::keyClicks(f->Saisie[5], QStringLiteral("second"));
-        QTest::keyClick(f->Saisie[5], Qt::Key_Return);
+        commande(Bouton::EditerDocument);
+        f->Edition->Saisie[Colonne::MotDePasse]->setFocus();
+        f->Edition->Saisie[Colonne::MotDePasse]->selectAll();
+        QTest::keyClicks(f->Edition->Saisie[Colonne::MotDePasse], QStringLiteral("second"));
+        QTest::keyClick(f->Edition->Saisie[Colonne::MotDePasse], Qt::Key_Return);
         QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=3")), QStringList{CrypterChamp(QStringLiteral("second"))});
         f->MG->Clear();
         f->ChargerMG();
-        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Boîte perso")), 5), QStringLiteral("second"));
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Boîte perso")), Colonne::MotDePasse), QStringLiteral("second"));
 
         // The folder now holds a document: it can be renamed, not deleted.
         cliquerLigne(ligne(QStringLiteral("Courriel")));
-        QVERIFY(!f->Boutons[12]->isEnabled());
+        QVERIFY(!f->Boutons[Bouton::SupprimerDossier]->isEnabled());
         f->definirPreparationDialogue([](QWidget *d) {
             QTimer::singleShot(0, d, [d] {
                 auto *dossier = qobject_cast<FrmAjoutDossier *>(d);
@@ -168,7 +170,7 @@ private slots:
                 QTest::keyClick(dossier->Saisie, Qt::Key_Return);
             });
         });
-        commande(14);
+        commande(Bouton::RenommerDossier);
         QCOMPARE(sql(QStringLiteral("SELECT Nom FROM Dossiers WHERE NumCompte=1 AND Num=41")), QStringList{QStringLiteral(" Messagerie ")});
     }
 
@@ -186,18 +188,18 @@ private slots:
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Banques -  Document : Livret"));
         QCOMPARE(f->InfoEntete, f->EnteteB->texte());
         QCOMPARE(f->LigneDocument, ligne(QStringLiteral("Livret")));
-        QVERIFY(f->Boutons[10]->isEnabled() && f->Boutons[11]->isEnabled());
+        QVERIFY(f->Boutons[Bouton::NouveauDossier]->isEnabled() && f->Boutons[Bouton::NouveauDocument]->isEnabled());
     }
 
     void unClicAilleursValideLaBoiteActiveSeulement() {
         cliquerLigne(ligne(QStringLiteral("Compte courant")));
-        commande(15);
-        f->Saisie[4]->setFocus();
-        f->Saisie[4]->selectAll();
-        QTest::keyClicks(f->Saisie[4], QStringLiteral("autre"));
-        f->Saisie[6]->setText(QStringLiteral("jamais écrit"));  // changed without ever having the focus
+        commande(Bouton::EditerDocument);
+        f->Edition->Saisie[Colonne::Login]->setFocus();
+        f->Edition->Saisie[Colonne::Login]->selectAll();
+        QTest::keyClicks(f->Edition->Saisie[Colonne::Login], QStringLiteral("autre"));
+        f->Edition->Saisie[Colonne::Url]->setText(QStringLiteral("jamais écrit"));  // changed without ever having the focus
         cliquerLigne(ligne(QStringLiteral("Livret")));
-        QVERIFY(!f->SaisieVisible);
+        QVERIFY(!f->Edition->SaisieVisible);
         QCOMPARE(sql(QStringLiteral("SELECT LoginDoc, Url FROM Documents WHERE Num=1")),
                  QStringList{CrypterChamp(QStringLiteral("autre")) + QStringLiteral("|NULL")});
         QCOMPARE(sql(QStringLiteral("SELECT LoginDoc FROM Documents WHERE Num=2")), QStringList{QStringLiteral("moi")});
@@ -206,59 +208,59 @@ private slots:
     void leCalendrierEcritLaDate() {
         const int l = ligne(QStringLiteral("Compte courant"));
         cliquerLigne(l);
-        commande(15);
-        f->Saisie[8]->setFocus();
-        QVERIFY(f->PanCal->isVisible());
-        QCOMPARE(f->Calendrier->selectedDate(), QDate(2026, 2, 1));
+        commande(Bouton::EditerDocument);
+        f->Edition->Saisie[Colonne::DateDebut]->setFocus();
+        QVERIFY(f->Edition->PanCal->isVisible());
+        QCOMPARE(f->Edition->Calendrier->selectedDate(), QDate(2026, 2, 1));
         const QDate jour(2026, 11, 23);
-        f->Calendrier->setSelectedDate(jour);
-        emit f->Calendrier->clicked(jour);
-        QVERIFY(!f->PanCal->isVisible());
-        QCOMPARE(f->Saisie[8]->text(), QStringLiteral("23/11/2026"));
-        QCOMPARE(f->MG->GetColumnInfos(l, 8), QStringLiteral("23/11/2026"));
+        f->Edition->Calendrier->setSelectedDate(jour);
+        emit f->Edition->Calendrier->clicked(jour);
+        QVERIFY(!f->Edition->PanCal->isVisible());
+        QCOMPARE(f->Edition->Saisie[Colonne::DateDebut]->text(), QStringLiteral("23/11/2026"));
+        QCOMPARE(f->MG->GetColumnInfos(l, Colonne::DateDebut), QStringLiteral("23/11/2026"));
         QCOMPARE(sql(QStringLiteral("SELECT DateDebut FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("23/11/2026"))});
         // An empty end date opens the calendar on today, and typing there stores nothing.
-        f->Saisie[9]->setFocus();
-        QVERIFY(f->PanCal->isVisible());
-        QCOMPARE(f->Calendrier->selectedDate(), QDate::currentDate());
+        f->Edition->Saisie[Colonne::DateFin]->setFocus();
+        QVERIFY(f->Edition->PanCal->isVisible());
+        QCOMPARE(f->Edition->Calendrier->selectedDate(), QDate::currentDate());
         // A date typed is taken; what is no date is refused and stays in its box.
-        QTest::keyClicks(f->Saisie[9], QStringLiteral("demain"));
-        QTest::keyClick(f->Saisie[9], Qt::Key_Return);
+        QTest::keyClicks(f->Edition->Saisie[Colonne::DateFin], QStringLiteral("demain"));
+        QTest::keyClick(f->Edition->Saisie[Colonne::DateFin], Qt::Key_Return);
         QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("« demain » n'est pas une date")));
         QCOMPARE(sql(QStringLiteral("SELECT DateFin FROM Documents WHERE Num=1")), QStringList{QStringLiteral("NULL")});
-        QVERIFY(f->SaisieVisible);
-        QCOMPARE(f->Saisie[9]->text(), QStringLiteral("demain"));
-        f->Saisie[9]->selectAll();
-        QTest::keyClicks(f->Saisie[9], QStringLiteral("5/3/2027"));
-        QTest::keyClick(f->Saisie[9], Qt::Key_Return);
-        QVERIFY(!f->SaisieVisible);
+        QVERIFY(f->Edition->SaisieVisible);
+        QCOMPARE(f->Edition->Saisie[Colonne::DateFin]->text(), QStringLiteral("demain"));
+        f->Edition->Saisie[Colonne::DateFin]->selectAll();
+        QTest::keyClicks(f->Edition->Saisie[Colonne::DateFin], QStringLiteral("5/3/2027"));
+        QTest::keyClick(f->Edition->Saisie[Colonne::DateFin], Qt::Key_Return);
+        QVERIFY(!f->Edition->SaisieVisible);
         QCOMPARE(sql(QStringLiteral("SELECT DateFin FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("05/03/2027"))});
 
         // The calendar by the keyboard: Down enters it, Enter picks the day, the box takes the keyboard back.
         editer(QStringLiteral("Compte courant"));
-        f->Saisie[8]->setFocus();
+        f->Edition->Saisie[Colonne::DateDebut]->setFocus();
         touche(Qt::Key_Down);
-        QVERIFY(f->Calendrier->isAncestorOf(QApplication::focusWidget()));
+        QVERIFY(f->Edition->Calendrier->isAncestorOf(QApplication::focusWidget()));
         touche(Qt::Key_Right);
         touche(Qt::Key_Return);
-        QVERIFY(!f->PanCal->isVisible());
-        QCOMPARE(QApplication::focusWidget(), f->Saisie[8]);
-        QCOMPARE(f->Saisie[8]->text(), QStringLiteral("24/11/2026"));
+        QVERIFY(!f->Edition->PanCal->isVisible());
+        QCOMPARE(QApplication::focusWidget(), f->Edition->Saisie[Colonne::DateDebut]);
+        QCOMPARE(f->Edition->Saisie[Colonne::DateDebut]->text(), QStringLiteral("24/11/2026"));
         QCOMPARE(sql(QStringLiteral("SELECT DateDebut FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("24/11/2026"))});
     }
 
     void unTexteTapeSurvitAuxCommandesAuRedimensionnementEtAuDefilement() {
         editer(QStringLiteral("Compte courant"));
-        for (int i = 0; i <= 10; ++i) QCOMPARE(f->Saisie[i]->isVisible(), i >= 3);
-        f->Saisie[4]->setFocus();
+        for (int i = 0; i <= 10; ++i) QCOMPARE(f->Edition->Saisie[i]->isVisible(), i >= 3);
+        f->Edition->Saisie[Colonne::Login]->setFocus();
         touche(Qt::Key_End);
         taper(QStringLiteral("-bis"));
         f->resize(f->width() - 40, f->height());
-        QCOMPARE(f->Saisie[4]->text(), QStringLiteral("moi-bis"));
+        QCOMPARE(f->Edition->Saisie[Colonne::Login]->text(), QStringLiteral("moi-bis"));
         // A command closes editing after storing the box that still had the focus.
         f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
-        commande(8);
-        QVERIFY(!f->SaisieVisible);
+        commande(Bouton::APropos);
+        QVERIFY(!f->Edition->SaisieVisible);
         f->activateWindow();  // back from the dialog, as the desktop does
         QVERIFY(QTest::qWaitForWindowActive(f));
         QCOMPARE(sql(QStringLiteral("SELECT LoginDoc FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("moi-bis"))});
@@ -271,32 +273,32 @@ private slots:
         touche(Qt::Key_End);
         taper(QStringLiteral("!"));
         f->MG->verticalScrollBar()->setValue(f->MG->verticalScrollBar()->maximum());
-        QVERIFY(!f->SaisieVisible);
+        QVERIFY(!f->Edition->SaisieVisible);
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=1")), QStringList{CrypterChamp(QStringLiteral("Compte courant!"))});
         QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : Compte courant!")));
 
         // A box holds what its field stores enciphered: 85 characters. A longer paste is
         // refused whole with the limit said; 85 are stored and read back whole.
         editer(QStringLiteral("Livret"));
-        f->Saisie[10]->setFocus();
+        f->Edition->Saisie[Colonne::Remarques]->setFocus();
         QApplication::clipboard()->setText(QString(10000, u'y'));
         touche(Qt::Key_V, Qt::ControlModifier);
         QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Ce champ contient au plus 85 caractères")));
-        QVERIFY(f->Saisie[10]->text().isEmpty());
+        QVERIFY(f->Edition->Saisie[Colonne::Remarques]->text().isEmpty());
         QApplication::clipboard()->setText(QString(85, u'y'));
         touche(Qt::Key_V, Qt::ControlModifier);
         touche(Qt::Key_Return);
         QVERIFY(Messages::affiches().isEmpty());
         f->MG->Clear();
         f->ChargerMG();
-        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), 10), QString(85, u'y'));
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), Colonne::Remarques), QString(85, u'y'));
 
         // Escape drops what was not stored: nothing written, the cells as they were.
         editer(QStringLiteral("Livret"));
         taper(QStringLiteral("XYZ"));
         touche(Qt::Key_Escape);
-        QVERIFY(!f->SaisieVisible);
-        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), 3), QStringLiteral("Livret"));
+        QVERIFY(!f->Edition->SaisieVisible);
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), Colonne::Titre), QStringLiteral("Livret"));
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=2")), QStringList{QStringLiteral("Livret")});
     }
 
@@ -310,22 +312,22 @@ private slots:
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=2")), QStringList{QStringLiteral("Accentué")});
         // A changed value the cipher can't keep is refused, named, and kept for correction.
         editer(QStringLiteral("Accentué"));
-        f->Saisie[5]->setFocus();
+        f->Edition->Saisie[Colonne::MotDePasse]->setFocus();
         touche(Qt::Key_End);
         taper(QStringLiteral("é"));
         touche(Qt::Key_Return);
         QCOMPARE(Messages::affiches(), QStringList{refusEnPlace(QStringLiteral("é"))});
         QVERIFY(Messages::affiches().isEmpty());
-        QVERIFY(f->SaisieVisible);
-        QCOMPARE(f->Saisie[5]->text(), QStringLiteral("xé"));
+        QVERIFY(f->Edition->SaisieVisible);
+        QCOMPARE(f->Edition->Saisie[Colonne::MotDePasse]->text(), QStringLiteral("xé"));
         QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=2")), QStringList{QStringLiteral("x")});
         // A command waits until the box is mended.
-        commande(13);
+        commande(Bouton::SupprimerDocument);
         QCOMPARE(Messages::affiches(), QStringList{refusEnPlace(QStringLiteral("é"))});
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("2")});
         touche(Qt::Key_Backspace);
         touche(Qt::Key_Return);
-        QVERIFY(!f->SaisieVisible);
+        QVERIFY(!f->Edition->SaisieVisible);
         QVERIFY(Messages::affiches().isEmpty());
     }
 
@@ -359,8 +361,8 @@ private slots:
         QString genere;
         QVERIFY(formulaire([this] { touche(Qt::Key_E, Qt::ControlModifier); }, [&genere](FrmAjoutDoc *d) {
             QVERIFY(d->modification());
-            QCOMPARE(d->L[1]->text(), QStringLiteral("Modification d'un document"));
-            QCOMPARE(d->L[2]->text(), QStringLiteral("Banques"));
+            QCOMPARE(d->L[FrmAjoutDoc::LibelleEntete]->text(), QStringLiteral("Modification d'un document"));
+            QCOMPARE(d->L[FrmAjoutDoc::LibelleNomDossier]->text(), QStringLiteral("Banques"));
             QStringList lus;
             for (int i = 0; i < FrmAjoutDoc::kNbSaisies; ++i) lus << d->texte(i);
             QCOMPARE(lus, (QStringList{QStringLiteral("Compte courant à Noël"), QStringLiteral("moi"), QStringLiteral("ancien"), QString(),
@@ -391,14 +393,14 @@ private slots:
                  QStringList{attendus.join(u'|')});
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("2")});
         QCOMPARE(Messages::affiches(), QStringList());
-        QVERIFY(!f->SaisieVisible);
+        QVERIFY(!f->Edition->SaisieVisible);
         // The row shows it at once, without a reload, and after one.
         QCOMPARE(f->rechargementsComplets(), rechargements);
         for (int passe = 0; passe < 2; ++passe) {
             const int l = ligne(QStringLiteral("Compte courant à Noël"));
             QVERIFY(l >= 2);
-            QCOMPARE(f->MG->GetColumnInfos(l, 5), genere);
-            QCOMPARE(f->MG->GetColumnInfos(l, 10), remarques);
+            QCOMPARE(f->MG->GetColumnInfos(l, Colonne::MotDePasse), genere);
+            QCOMPARE(f->MG->GetColumnInfos(l, Colonne::Remarques), remarques);
             if (passe == 0) QVERIFY(f->EnteteB->texte().endsWith(QStringLiteral("Document : Compte courant à Noël")));
             f->MG->Clear();
             f->ChargerMG();
@@ -409,7 +411,7 @@ private slots:
         const int livret = ligne(QStringLiteral("Livret"));
         cliquerLigne(livret);
         int w = 0, y = 0, h = 0;
-        f->MG->GetColumnInfos(livret, 3, w, y, h);
+        f->MG->GetColumnInfos(livret, Colonne::Titre, w, y, h);
         QVERIFY(formulaire([&] { QTest::mouseDClick(f->MG->viewport(), Qt::LeftButton, {}, QPoint(40, y + h / 2)); },
                            [](FrmAjoutDoc *d) {
                                QCOMPARE(d->texte(0), QStringLiteral("Livret"));
@@ -426,7 +428,7 @@ private slots:
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral("UPDATE Documents SET MotDePasse=%1 WHERE Num=2").arg(sqlTexte(pass)));
         f->MG->Clear();
         f->ChargerMG();
-        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), 5), pass);
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), Colonne::MotDePasse), pass);
         QVERIFY(Exports::contenuCsv(*f->MG).contains(pass.toUtf8()));
         // Another field edited in place leaves it as stored; edited itself, it is enciphered whole.
         editer(QStringLiteral("Livret"));
@@ -436,15 +438,15 @@ private slots:
         QCOMPARE(sql(QStringLiteral("SELECT Titre, MotDePasse FROM Documents WHERE Num=2")),
                  QStringList{CrypterChamp(QStringLiteral("Livret2")) + u'|' + pass});
         editer(QStringLiteral("Livret2"));
-        f->Saisie[5]->setFocus();
-        QCOMPARE(f->Saisie[5]->text(), pass);
+        f->Edition->Saisie[Colonne::MotDePasse]->setFocus();
+        QCOMPARE(f->Edition->Saisie[Colonne::MotDePasse]->text(), pass);
         touche(Qt::Key_End);
         taper(QStringLiteral("#"));
         touche(Qt::Key_Return);
         QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=2")), QStringList{CrypterChamp(pass + u'#')});
         f->MG->Clear();
         f->ChargerMG();
-        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret2")), 5), pass + u'#');
+        QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret2")), Colonne::MotDePasse), pass + u'#');
     }
 
     void laSelectionSuitSaCleApresChaqueRechargement() {
@@ -454,7 +456,7 @@ private slots:
             ouvert = true;
             QTimer::singleShot(0, d, &QWidget::close);
         });
-        for (int i : {11, 12, 13, 14, 15}) commande(i);
+        for (int i : {Bouton::NouveauDocument, Bouton::SupprimerDossier, Bouton::SupprimerDocument, Bouton::RenommerDossier, Bouton::EditerDocument}) commande(i);
         QVERIFY(!ouvert);
         QCOMPARE(Messages::affiches().size(), 5);
         QVERIFY(Messages::affiches().isEmpty());
@@ -462,18 +464,18 @@ private slots:
         // A folder named "Aaa" comes above the selected one: the selection follows "Vide".
         cliquerLigne(ligne(QStringLiteral("Vide")));
         nommerDossier(QStringLiteral("Aaa"));
-        commande(10);
+        commande(Bouton::NouveauDossier);
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Vide"));
-        QCOMPARE(f->MG->GetColumnInfos(f->MG->LigneCourante, 3), QStringLiteral(" Vide"));
+        QCOMPARE(f->MG->GetColumnInfos(f->MG->LigneCourante, Colonne::Titre), QStringLiteral(" Vide"));
         Messages::prevoirReponses({true});
-        commande(12);
+        commande(Bouton::SupprimerDossier);
         QCOMPARE(sql(QStringLiteral("SELECT Nom FROM Dossiers WHERE NumCompte=1 ORDER BY Nom")),
                  (QStringList{QStringLiteral("Aaa"), QStringLiteral("Banques")}));
         // Gone: the selection is cleared, and the next delete acts on nothing.
         QVERIFY(f->EnteteB->texte().isEmpty());
         Messages::affiches();
         Messages::prevoirReponses({true, true});
-        commande(12);
+        commande(Bouton::SupprimerDossier);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Sélectionnez d'abord le dossier à supprimer.")});
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
     }
@@ -500,35 +502,35 @@ private slots:
         touche(Qt::Key_Delete);
         QCOMPARE(Messages::affiches(), (QStringList{Chaine(141), Chaine(141)}));
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents")), QStringList{QStringLiteral("Livret")});
-        QVERIFY(!f->Boutons[13]->estEnfonce());
+        QVERIFY(!f->Boutons[Bouton::SupprimerDocument]->estEnfonce());
         // On a folder that still holds documents, Delete explains and deletes nothing.
         cliquerLigne(ligne(QStringLiteral("Banques")));
         f->MG->setFocus();
         touche(Qt::Key_Delete);
         QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Ce dossier contient encore des documents")));
         // Forced past its disabled button, the command still asks the grid and deletes nothing.
-        f->Boutons[12]->setEnabled(true);
+        f->Boutons[Bouton::SupprimerDossier]->setEnabled(true);
         Messages::prevoirReponses({true});
-        commande(12);
+        commande(Bouton::SupprimerDossier);
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("2")});
     }
 
     void unDocumentDisparuNeChangeRienEtLeDitUneFois() {
         const int l = ligne(QStringLiteral("Livret"));
         cliquerLigne(l);
-        commande(15);
+        commande(Bouton::EditerDocument);
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral("DELETE FROM Documents WHERE Num=2"));
-        f->Saisie[3]->setFocus();
-        QTest::keyClicks(f->Saisie[3], QStringLiteral("!"));
-        QTest::keyClick(f->Saisie[3], Qt::Key_Return);
+        f->Edition->Saisie[Colonne::Titre]->setFocus();
+        QTest::keyClicks(f->Edition->Saisie[Colonne::Titre], QStringLiteral("!"));
+        QTest::keyClick(f->Edition->Saisie[Colonne::Titre], Qt::Key_Return);
         const QStringList dit = Messages::affiches();
         QCOMPARE(dit.size(), 1);
         QVERIFY(dit[0].startsWith(QStringLiteral("Ce document n'est plus dans la base")));
-        QCOMPARE(f->Saisie[3]->text(), QStringLiteral("!Livret"));  // kept for the user to copy
+        QCOMPARE(f->Edition->Saisie[Colonne::Titre]->text(), QStringLiteral("!Livret"));  // kept for the user to copy
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("1")});
         touche(Qt::Key_Escape);
         Messages::prevoirReponses({true});
-        commande(13);
+        commande(Bouton::SupprimerDocument);
         QCOMPARE(Messages::affiches(), (QStringList{Chaine(141), dit[0]}));
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents")), QStringList{QStringLiteral("1")});
     }
@@ -538,13 +540,13 @@ private slots:
         sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);
         sqlite3_exec(autre, "PRAGMA key='Tarvex'; BEGIN EXCLUSIVE;", nullptr, nullptr, nullptr);
         editer(QStringLiteral("Livret"));
-        QTest::keyClicks(f->Saisie[3], QStringLiteral("2"));
-        QTest::keyClick(f->Saisie[3], Qt::Key_Return);
+        QTest::keyClicks(f->Edition->Saisie[Colonne::Titre], QStringLiteral("2"));
+        QTest::keyClick(f->Edition->Saisie[Colonne::Titre], Qt::Key_Return);
         QCOMPARE(Messages::affiches().size(), 1);
-        QVERIFY(f->SaisieVisible);
+        QVERIFY(f->Edition->SaisieVisible);
         touche(Qt::Key_Escape);
         Messages::prevoirReponses({true});
-        commande(13);
+        commande(Bouton::SupprimerDocument);
         const QStringList dit = Messages::affiches();
         QCOMPARE(dit.size(), 2);  // the question, then the one refusal
         QVERIFY(dit[1].contains(QStringLiteral("utilisée par un autre programme")));
@@ -566,7 +568,7 @@ private slots:
             QVERIFY(t->actif);
             cliquerLigne(ligne(choisi));
             Messages::prevoirReponses({true});
-            commande(13);
+            commande(Bouton::SupprimerDocument);
             QCOMPARE(DecrypterChamp(sql(QStringLiteral("SELECT Titre FROM Documents")).join(u'+')), autre);
             QCOMPARE(ligne(choisi), -1);
             QVERIFY(ligne(autre) > 0);

@@ -1,8 +1,9 @@
 // The main window: its load from a real base, its geometry, its buttons and its close.
 
 #include "app/fenetres/Navigation.h"
-#include "grid/fenetres/MyCoolGrid.h"
 #include "dialogs/fenetres/FrmAP.h"
+#include "grid/Colonnes.h"
+#include "grid/fenetres/MyCoolGrid.h"
 #include "store/Comptes.h"
 #include "store/CopieBase.h"
 #include "store/Cryptage.h"
@@ -15,6 +16,7 @@
 #include "support/EnvironnementTest.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "workspace/fenetres/frmMain.h"
 
 #include "ui/fenetres/ChoixFichier.h"
@@ -65,9 +67,9 @@ class TestFrmMain : public QObject {
         QStringList l;
         for (int i = 2; i < f->MG->NbLignes; ++i) {
             if (f->MG->IsLigneParent(i))
-                l << QStringLiteral("P") + f->MG->GetColumnInfos(i, 3);
+                l << QStringLiteral("P") + f->MG->GetColumnInfos(i, Colonne::Titre);
             else
-                l << QStringLiteral("F %1|%2|%3").arg(f->MG->GetColumnInfos(i, 3), f->MG->GetColumnInfos(i, 4), f->MG->GetColumnInfos(i, 13));
+                l << QStringLiteral("F %1|%2|%3").arg(f->MG->GetColumnInfos(i, Colonne::Titre), f->MG->GetColumnInfos(i, Colonne::Login), f->MG->GetColumnInfos(i, Colonne::Numero));
         }
         return l;
     }
@@ -75,7 +77,7 @@ class TestFrmMain : public QObject {
     // The first row whose column 3 reads texte.
     static int ligne(frmMain *f, const QString &texte) {
         for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (f->MG->GetColumnInfos(i, 3).trimmed() == texte) return i;
+            if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
         return -1;
     }
     frmMain *ouvrirActive() {
@@ -88,7 +90,7 @@ class TestFrmMain : public QObject {
     static QImage celluleMotDePasse(frmMain *f, int l) {
         int x = 0, w = 0, y = 0, h = 0;
         for (int c = 0; c < 5; ++c) x += f->MG->cellules().largeurPixels(c);
-        f->MG->GetColumnInfos(l, 5, w, y, h);
+        f->MG->GetColumnInfos(l, Colonne::MotDePasse, w, y, h);
         return f->MG->viewport()->grab(QRect(x, y - f->MG->viewport()->y(), w, h)).toImage();
     }
     static QStringList messagesPressePapiers;  // Qt's word that data went to a clipboard mode the platform lacks
@@ -126,16 +128,16 @@ class TestFrmMain : public QObject {
         QGuiApplication::clipboard()->clear();
         Reglages::ecrire(Reglages::Cle::MotsDePasse, 0);
         if (Navigation::fenetrePrincipale() != f) {
-            t << QStringLiteral("connexion %1").arg(Session::ModeLogin.value_or(-1));
+            t << QStringLiteral("connexion %1").arg(Session::ModeLogin ? int(*Session::ModeLogin) : -1);
             f = ouvrirActive();
             return t;
         }
         f->definirPreparationDialogue(nullptr);
         if (f->WB->isVisible()) t << QStringLiteral("aide");
-        if (f->SaisieVisible) t << QStringLiteral("édition");
+        if (f->Edition->SaisieVisible) t << QStringLiteral("édition");
         if (f->MG->motsDePasseVisibles()) t << QStringLiteral("mots de passe affichés");
         f->WB->hide();
-        f->fermerSaisie();
+        f->Edition->fermerSaisie();
         f->MG->definirMotsDePasseVisibles(false);
         for (BoutonImage *b : f->Boutons) b->relacher();
         return t;
@@ -183,12 +185,12 @@ private slots:
                                         QStringLiteral("F Etui||1"), QStringLiteral("F été||1"), QStringLiteral("F Beta|chiffré|5"),
                                         QStringLiteral("F Ananas||1"), QStringLiteral("F Alpha|\uFEFFplain|2"), QStringLiteral("P École"),
                                         QStringLiteral("P vide"), QStringLiteral("P zèbre")}));
-        QVERIFY(f->MG->GetColumnInfos(0, 3).startsWith(Chaine(118)));
-        QCOMPARE(f->MG->GetColumnInfos(1, 3), QStringLiteral("Titre"));
+        QVERIFY(f->MG->GetColumnInfos(0, Colonne::Titre).startsWith(Chaine(118)));
+        QCOMPARE(f->MG->GetColumnInfos(1, Colonne::Titre), QStringLiteral("Titre"));
         // The keys the store needs are in the hidden columns.
-        QCOMPARE(f->MG->GetColumnInfos(7, 16), QStringLiteral("2"));
-        QCOMPARE(f->MG->GetColumnInfos(7, 17), QStringLiteral("10"));
-        QCOMPARE(f->MG->GetColumnInfos(4, 17), QStringLiteral("10"));
+        QCOMPARE(f->MG->GetColumnInfos(7, Colonne::NumDocument), QStringLiteral("2"));
+        QCOMPARE(f->MG->GetColumnInfos(7, Colonne::NumDossier), QStringLiteral("10"));
+        QCOMPARE(f->MG->GetColumnInfos(4, Colonne::NumDossier), QStringLiteral("10"));
         QCOMPARE(f->nombreDossiers(), 5);
         // No template copy for an account that has folders.
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Dossiers WHERE NumCompte=1")), QStringList{QStringLiteral("5")});
@@ -257,7 +259,7 @@ private slots:
     void unDeplacementParLeBandeauMemoriseLaPosition() {
         frmMain *f = ouvrir();
         f->move(0, 0);
-        QWidget *bandeau = f->Fond[0];
+        QWidget *bandeau = f->Fond[FenetreCadre::FondHaut];
         QTest::mousePress(bandeau, Qt::LeftButton, {}, QPoint(300, 10));
         QMouseEvent deplacement(QEvent::MouseMove, QPointF(320, 25), bandeau->mapToGlobal(QPointF(320, 25)), Qt::NoButton,
                                 Qt::LeftButton, Qt::NoModifier);
@@ -279,19 +281,19 @@ private slots:
         // Each button's tip ends with its key.
         for (int i = 0; i < frmMain::kNbBoutons; ++i) {
             QVERIFY(f->Boutons[i]->toolTip().startsWith(Chaine(924 + i)));
-            QVERIFY2(i == 3 || f->Boutons[i]->toolTip().endsWith(u')'), qPrintable(f->Boutons[i]->toolTip()));
+            QVERIFY2(i == Bouton::Exporter || f->Boutons[i]->toolTip().endsWith(u')'), qPrintable(f->Boutons[i]->toolTip()));
             QCOMPARE(f->Boutons[i]->isEnabled(), true);
         }
-        QCOMPARE(f->Boutons[5]->toolTip(), QStringLiteral("Rechercher (Ctrl+F)"));
-        QVERIFY(!f->Boutons[3]->isVisible());
-        QVERIFY(f->Boutons[16]->isVisible());
+        QCOMPARE(f->Boutons[Bouton::Rechercher]->toolTip(), QStringLiteral("Rechercher (Ctrl+F)"));
+        QVERIFY(!f->Boutons[Bouton::Exporter]->isVisible());
+        QVERIFY(f->Boutons[Bouton::ModifierIcone]->isVisible());
         // Hover tells what the button does; leaving gives the band back.
         f->InfoEntete = QStringLiteral("  Dossier :  Banques");
-        QEnterEvent entree(QPointF(5, 5), QPointF(5, 5), f->Boutons[5]->mapToGlobal(QPointF(5, 5)));
-        QCoreApplication::sendEvent(f->Boutons[5], &entree);
+        QEnterEvent entree(QPointF(5, 5), QPointF(5, 5), f->Boutons[Bouton::Rechercher]->mapToGlobal(QPointF(5, 5)));
+        QCoreApplication::sendEvent(f->Boutons[Bouton::Rechercher], &entree);
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Rechercher (Ctrl+F)"));
         QEvent sortie(QEvent::Leave);
-        QCoreApplication::sendEvent(f->Boutons[5], &sortie);
+        QCoreApplication::sendEvent(f->Boutons[Bouton::Rechercher], &sortie);
         QCOMPARE(f->EnteteB->texte(), QStringLiteral("  Dossier :  Banques"));
         // The clock shows the time after its first tick, and the export folder exists.
         QTRY_VERIFY_WITH_TIMEOUT(!f->Heure->text().isEmpty(), 3000);
@@ -332,7 +334,7 @@ private slots:
         // Enciphered and plain passwords alike read back in plain.
         QStringList lus, attendus;
         for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (!f->MG->IsLigneParent(i)) lus << f->MG->GetColumnInfos(i, 5);
+            if (!f->MG->IsLigneParent(i)) lus << f->MG->GetColumnInfos(i, Colonne::MotDePasse);
         for (int i = 0; i < 12; ++i) attendus << QStringLiteral("Pa55-word_%1!").arg(i * 7919);
         lus.sort();
         attendus.sort();
@@ -351,21 +353,21 @@ private slots:
                 QTest::keyClick(m->Pass2, Qt::Key_Return);
             });
         });
-        QTest::mouseClick(f->Boutons[4], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ModifierMotDePasse], Qt::LeftButton);
         QCOMPARE(Session::PassCourant, QStringLiteral("neuf"));
         QCOMPARE(sql(QStringLiteral("SELECT Pass FROM Compte WHERE NumCompte=1")), QStringList{CrypterChamp(QStringLiteral("neuf"))});
-        QVERIFY(!f->Boutons[4]->estEnfonce());
+        QVERIFY(!f->Boutons[Bouton::ModifierMotDePasse]->estEnfonce());
 
         // Change of account: the main window goes, the login window comes; closing it comes back.
-        QTest::mouseClick(f->Boutons[9], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::ChangerCompte], Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!Navigation::fenetrePrincipale());
-        QCOMPARE(Session::ModeLogin, std::optional<int>(2));
+        QCOMPARE(Session::ModeLogin, std::optional(Session::Mode::AutreCompte));
         FrmLogin *login = Navigation::fenetreLogin();
         QVERIFY(login && login->isVisible());
         QTest::mouseClick(login->Im_Commande, Qt::LeftButton);
         QVERIFY(Navigation::fenetrePrincipale());
-        QCOMPARE(Session::ModeLogin, std::optional<int>(0));
+        QCOMPARE(Session::ModeLogin, std::optional(Session::Mode::Principale));
         // A window that goes after its successor came must not take the new grid from the store with it.
         Navigation::afficherPrincipale();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -373,8 +375,8 @@ private slots:
         nouvelle->MG->SelectLine(3);
         QVERIFY(EcrireDocument(77, {QStringLiteral("Titre")}));
         QCOMPARE(sql(QStringLiteral("SELECT count(*) FROM Documents WHERE Num=77")), QStringList{QStringLiteral("1")});
-        QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[0], Qt::LeftButton);
-        QCOMPARE(Navigation::fenetreLogin()->L[1]->text(), QStringLiteral("Créer un nouveau compte"));
+        QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[Bouton::NouveauCompte], Qt::LeftButton);
+        QCOMPARE(Navigation::fenetreLogin()->L[FrmLogin::LibelleEntete]->text(), QStringLiteral("Créer un nouveau compte"));
     }
 
     void ouvrirEtEnregistrerLaBase() {
@@ -382,19 +384,19 @@ private slots:
         const QString base = Chemins::cheminBase();
         // Save as: a whole copy that opens with the key; a folder that isn't there says so.
         ChoixFichier::prevoirReponses({env->chemin(QStringLiteral("copie.kvx")), env->chemin(QStringLiteral("absent/copie.kvx"))});
-        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::EnregistrerBase], Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{Chaine(142)});
         QCOMPARE(BaseSql::lignes(env->chemin(QStringLiteral("copie.kvx")), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
-        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::EnregistrerBase], Qt::LeftButton);
         QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("La copie vers copie.kvx a échoué")));
-        QVERIFY(!f->Boutons[2]->estEnfonce());
+        QVERIFY(!f->Boutons[Bouton::EnregistrerBase]->estEnfonce());
         QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx)"));
         // Never over a file Korvane itself uses.
         CopieBase::copierEntier(env->chemin(QStringLiteral("copie.kvx")), CopieBase::cheminSauvegarde());
         const QByteArray baseAvant = octets(base), sauvegardeAvant = octets(CopieBase::cheminSauvegarde());
         for (const QString &propre : {base, CopieBase::cheminSauvegarde(), Base::cheminVerrou()}) {
             ChoixFichier::prevoirReponses({propre});
-            QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+            QTest::mouseClick(f->Boutons[Bouton::EnregistrerBase], Qt::LeftButton);
             QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Korvane utilise lui-même le fichier ") + QFileInfo(propre).fileName()));
         }
         QVERIFY(octets(base) == baseAvant && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
@@ -406,12 +408,12 @@ private slots:
         QVERIFY(etranger.open(QIODevice::WriteOnly) && etranger.write(QByteArray(4096, 'x')) == 4096);
         etranger.close();
         ChoixFichier::prevoirReponses({QString()});
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
-        QVERIFY(f->Boutons[1]->estEnfonce());
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
-        QVERIFY(!f->Boutons[1]->estEnfonce());
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
+        QVERIFY(f->Boutons[Bouton::OuvrirBase]->estEnfonce());
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
+        QVERIFY(!f->Boutons[Bouton::OuvrirBase]->estEnfonce());
         ChoixFichier::prevoirReponses({etranger.fileName()});
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QVERIFY(Messages::affiches().value(0).contains(QStringLiteral("n'est pas une base Korvane")));
         QCOMPARE(Navigation::fenetrePrincipale(), f);
         // The dialog lists the kept copy too.
@@ -423,7 +425,7 @@ private slots:
         BaseExemple::abimer(abimee);
         const QByteArray avantAbimee = octets(base);
         ChoixFichier::prevoirReponses({abimee});
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("La base abimee.kvx est endommagée : la vérification de son "
                                                                   "contenu y trouve des erreurs.\nElle n'a pas été modifiée.\n"
                                                                   "La base actuelle n'a pas été modifiée.")});
@@ -434,18 +436,18 @@ private slots:
         BaseSql::executer(env->chemin(QStringLiteral("copie.kvx")), QStringLiteral("UPDATE Compte SET Login='bruno'"));
         ChoixFichier::prevoirReponses({env->chemin(QStringLiteral("copie.kvx"))});
         Messages::prevoirReponses({false});
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{Chaine(138) + QStringLiteral("\r\n") + Chaine(139)});
         QCOMPARE(sql(QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("bruno")});
         QCOMPARE(BaseSql::lignes(CopieBase::cheminSauvegarde(), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
-        QCOMPARE(Session::ModeLogin, std::optional<int>(2));
+        QCOMPARE(Session::ModeLogin, std::optional(Session::Mode::AutreCompte));
         QVERIFY(Navigation::fenetreLogin() && Navigation::fenetreLogin()->Login->itemText(0) == QStringLiteral("bruno"));
 
         // The .bak itself can be opened back: it is read before it is rewritten.
         Navigation::fenetreLogin()->Pass->setText(QStringLiteral("a"));
         QTest::keyClick(Navigation::fenetreLogin()->Pass, Qt::Key_Return);
         ChoixFichier::prevoirReponses({CopieBase::cheminSauvegarde()});
-        QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[1], Qt::LeftButton);
+        QTest::mouseClick(Navigation::fenetrePrincipale()->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QCOMPARE(sql(QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("alice")});
         QCOMPARE(BaseSql::lignes(CopieBase::cheminSauvegarde(), QStringLiteral("SELECT Login FROM Compte")), QStringList{QStringLiteral("bruno")});
     }
@@ -469,7 +471,7 @@ private slots:
 
         ChoixFichier::prevoirReponses({autre});
         Messages::prevoirReponses({true});
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         Messages::affiches();
         // From here on, any main window that shows would show the new base's rows.
@@ -525,16 +527,16 @@ private slots:
         const QByteArray base = octets(Chemins::cheminBase());
 
         ChoixFichier::prevoirReponses({disque + QStringLiteral("/copie.kvx")});
-        QTest::mouseClick(f->Boutons[2], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::EnregistrerBase], Qt::LeftButton);
         QCOMPARE(Messages::affiches().value(0).section(u'\n', 0, 0), QStringLiteral("La copie vers copie.kvx a échoué : le disque est plein."));
         ChoixFichier::prevoirReponses({autre});
-        QTest::mouseClick(f->Boutons[1], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QVERIFY2(Messages::affiches().join(u'|').contains(QStringLiteral("le disque est plein")), "opening a base on a full disk");
         QCOMPARE(octets(Chemins::cheminBase()), base);
         // The options write the four exports at their opening.
         plein.remplir();
         f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
-        QTest::mouseClick(f->Boutons[6], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::Options], Qt::LeftButton);
         QVERIFY2(Messages::affiches().value(0).contains(QStringLiteral("le disque est plein")), "exports on a full disk");
         QCOMPARE(QDir(disque).entryList(QDir::Files | QDir::Hidden), (QStringList{QStringLiteral("korvane.kvx"), QStringLiteral("remplissage")}));
     }
@@ -557,7 +559,7 @@ private slots:
         QVERIFY(f->WB->toPlainText().contains(QStringLiteral("Sommaire")));
         // Up until the next command; Escape puts it away too.
         f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
-        QTest::mouseClick(f->Boutons[8], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::APropos], Qt::LeftButton);
         QVERIFY(!f->WB->isVisible());
         QTest::keyClick(f->MG, Qt::Key_F1);
         QTest::keyClick(f->WB, Qt::Key_Escape);
@@ -566,12 +568,12 @@ private slots:
         // The about box: the program's title; Escape closes it as its close button does.
         QString titre;
         f->definirPreparationDialogue([&titre](QWidget *d) {
-            titre = qobject_cast<FrmAP *>(d)->L[1]->text();
+            titre = qobject_cast<FrmAP *>(d)->L[FrmAP::LibelleEntete]->text();
             QTimer::singleShot(0, d, [d] { QTest::keyClick(d, Qt::Key_Escape); });
         });
-        QTest::mouseClick(f->Boutons[8], Qt::LeftButton);
+        QTest::mouseClick(f->Boutons[Bouton::APropos], Qt::LeftButton);
         QCOMPARE(titre, QStringLiteral("Korvane"));
-        QVERIFY(!f->Boutons[8]->estEnfonce());
+        QVERIFY(!f->Boutons[Bouton::APropos]->estEnfonce());
     }
 
     // Every command of the table by its key, and the same through its button and the row's menu.
@@ -592,7 +594,7 @@ private slots:
             choisir();
             const QStringList parTouche = trace(f, [&] { QTest::keyClick(f->MG, c.touches.key(), c.touches.keyboardModifiers()); });
             QVERIFY2(!parTouche.isEmpty(), qPrintable(nom));
-            if (c.bouton >= 0) {
+            if (c.bouton != Bouton::Aucun) {
                 choisir();
                 QCOMPARE(trace(f, [&] { QTest::mouseClick(f->Boutons[c.bouton], Qt::LeftButton); }), parTouche);
             }
@@ -626,14 +628,14 @@ private slots:
         f->MG->setFocus();
         // The same dots whatever the password's length, until the passwords are shown.
         const QImage court = celluleMotDePasse(f, l);
-        f->MG->MajColumnInfos(l, 5, QStringLiteral("un mot de passe bien plus long"));
+        f->MG->MajColumnInfos(l, Colonne::MotDePasse, QStringLiteral("un mot de passe bien plus long"));
         QCOMPARE(celluleMotDePasse(f, l), court);
         QTest::keyClick(f->MG, Qt::Key_H, Qt::ControlModifier);
         QVERIFY(celluleMotDePasse(f, l) != court);
         QCOMPARE(Reglages::lireNombre(Reglages::Cle::MotsDePasse), -1);
         QTest::keyClick(f->MG, Qt::Key_H, Qt::ControlModifier);
         QCOMPARE(celluleMotDePasse(f, l), court);
-        f->MG->MajColumnInfos(l, 5, QStringLiteral("a"));
+        f->MG->MajColumnInfos(l, Colonne::MotDePasse, QStringLiteral("a"));
 
         // The password column hidden, Ctrl+C still copies it, with the hint and to the clipboard alone.
         Reglages::ecrireColonneVisible(2, false);
@@ -660,7 +662,7 @@ private slots:
 
         // In a text box Ctrl+C copies its text; the password box hides, and its eye is its own.
         QTest::keyClick(f->MG, Qt::Key_F2);
-        QLineEdit *login = f->Saisie[4], *pass = f->Saisie[5];
+        QLineEdit *login = f->Edition->Saisie[Colonne::Login], *pass = f->Edition->Saisie[Colonne::MotDePasse];
         QCOMPARE(pass->echoMode(), QLineEdit::Password);
         login->setFocus();
         login->selectAll();
@@ -671,7 +673,7 @@ private slots:
         QTest::keyClick(pass, Qt::Key_H, Qt::ControlModifier);
         QCOMPARE(pass->echoMode(), QLineEdit::Normal);
         QVERIFY(!f->MG->motsDePasseVisibles());
-        f->fermerSaisie();
+        f->Edition->fermerSaisie();
 
         // The URL opens in the browser, with https:// before an address that had no scheme.
         QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "urlOuverte");
@@ -701,7 +703,7 @@ private slots:
         ouvrir();
         QVERIFY(QFile::exists(entree));
         QCOMPARE(Reglages::lireNombre(Reglages::Cle::Demarrage), 1);
-        QCOMPARE(Session::ModeLogin, std::optional<int>(0));
+        QCOMPARE(Session::ModeLogin, std::optional(Session::Mode::Principale));
         QFile::remove(entree);
         ouvrir();
         QVERIFY(!QFile::exists(entree));

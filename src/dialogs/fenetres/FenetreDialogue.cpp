@@ -38,12 +38,12 @@ void PanneauStock::paintEvent(QPaintEvent *) {
 
 FenetreDialogue::FenetreDialogue(QWidget *parent, MyCoolGrid *grille) : FenetreCadre(parent), grille_(grille) {
     setWindowTitle(Messages::kTitre);
-    Fond[1] = new PanneauStock(true, FondBleu);
-    Fond[1]->setObjectName(QStringLiteral("Fond1"));
-    Fond[2] = new PanneauStock(false, FondBleu);
-    Fond[2]->setObjectName(QStringLiteral("Fond2"));
-    activerDeplacement(Fond[1]);
-    activerDeplacement(Fond[2]);
+    Fond[FondBande] = new PanneauStock(true, FondBleu);
+    Fond[FondBande]->setObjectName(QStringLiteral("Fond1"));
+    Fond[FondDossier] = new PanneauStock(false, FondBleu);
+    Fond[FondDossier]->setObjectName(QStringLiteral("Fond2"));
+    activerDeplacement(Fond[FondBande]);
+    activerDeplacement(Fond[FondDossier]);
     EnteteB->definirTexte(Chaine(154).trimmed());
     connect(this, &FenetreCadre::fermetureDemandee, this, &QWidget::close);
 }
@@ -60,8 +60,8 @@ void FenetreDialogue::chargerImagesStock() {
     }
     if (bande.isNull()) bande = Art::pixmap(QStringLiteral("grid_bande_section"), QSize(400, 20));
     if (dossier.isNull()) dossier = Art::pixmap(QStringLiteral("grid_dossier"), QSize(16, 16));
-    static_cast<PanneauStock *>(Fond[1])->definirImage(bande);
-    static_cast<PanneauStock *>(Fond[2])->definirImage(dossier);
+    static_cast<PanneauStock *>(Fond[FondBande])->definirImage(bande);
+    static_cast<PanneauStock *>(Fond[FondDossier])->definirImage(dossier);
 }
 
 void FenetreDialogue::colorerLibelle(QLabel *libelle, int couleur, bool pastille) {

@@ -40,8 +40,8 @@ protected:
     // grille may be null: the dialog then works alone and reloads nothing.
     FenetreDialogue(QWidget *parent, MyCoolGrid *grille);
 
-    // Fond[1] takes the band of the grid's title row, Fond[2] the folder picture of
-    // its first folder row; the artwork stands in when the grid has none.
+    // Fond[FondBande] takes the band of the grid's title row, Fond[FondDossier] the
+    // folder picture of its first folder row; the artwork stands in when the grid has none.
     void chargerImagesStock();
     // Writes text in colour on the label, on a background it can be read on.
     static void colorerLibelle(QLabel *libelle, int couleur, bool pastille);

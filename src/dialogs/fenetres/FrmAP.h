@@ -12,6 +12,7 @@ class FrmAP : public FenetreDialogue {
 public:
     explicit FrmAP(QWidget *parent = nullptr, MyCoolGrid *grille = nullptr);
 
-    std::array<QLabel *, 2> L{};  // 1 the heading
+    enum : int { LibelleTexte, LibelleEntete, NbLibelles };
+    std::array<QLabel *, NbLibelles> L{};
     QLabel *Image1 = nullptr;
 };

@@ -81,7 +81,7 @@ FrmAjoutDoc::FrmAjoutDoc(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(
 
 void FrmAjoutDoc::modifier(const QStringList &champs, int icone, const QPixmap &image) {
     modification_ = true;
-    L[1]->setText(QStringLiteral("Modification d'un document"));
+    L[LibelleEntete]->setText(QStringLiteral("Modification d'un document"));
     for (int i = 0; i < kNbSaisies; ++i) Saisie[i]->setText(champs.value(i));
     RemarquesLignes->setPlainText(champs.value(kRemarques));
     Saisie[kRemarques]->hide();
@@ -115,14 +115,14 @@ QWidget *FrmAjoutDoc::boite(int i) const {
 }
 
 void FrmAjoutDoc::creerControles() {
-    L[1] = entete;
-    L[1]->setText(QStringLiteral("Ajout d'un document"));
-    L[0] = new QLabel(QStringLiteral("Dossier"), FondBleu);
-    L[0]->setObjectName(QStringLiteral("L0"));
-    colorerLibelle(L[0], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
-    L[2] = new QLabel(FondBleu);
-    L[2]->setObjectName(QStringLiteral("L2"));
-    colorerLibelle(L[2], Reglages::couleurParentDialogue(), true);
+    L[LibelleEntete] = entete;
+    L[LibelleEntete]->setText(QStringLiteral("Ajout d'un document"));
+    L[LibelleDossier] = new QLabel(QStringLiteral("Dossier"), FondBleu);
+    L[LibelleDossier]->setObjectName(QStringLiteral("L0"));
+    colorerLibelle(L[LibelleDossier], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
+    L[LibelleNomDossier] = new QLabel(FondBleu);
+    L[LibelleNomDossier]->setObjectName(QStringLiteral("L2"));
+    colorerLibelle(L[LibelleNomDossier], Reglages::couleurParentDialogue(), true);
     for (QLabel *l : L) activerDeplacement(l);
 
     for (int i = 0; i <= kNbSaisies; ++i) {
@@ -196,10 +196,10 @@ void FrmAjoutDoc::placerControles() {
     const int hautRemarques = modification_ ? kHautRemarques : kHautLigne;
     const int hautIcone = kHautPremiereLigne + (kNbSaisies - 1) * kPasLigne + hautRemarques + (kPasLigne - kHautLigne) - 2;
     definirTailleContenu(QSize(kLargeurContenu, hautIcone + kCoteCadreIcone + kMarge));
-    Fond[1]->setGeometry(kMarge, kMarge, kLargeurContenu - 2 * kMarge, kHautBande);
-    Fond[2]->setGeometry(kMarge + 4, kMarge, 24, kHautBande);
-    L[0]->setGeometry(kMarge + 32, kMarge, kGaucheSaisie - kMarge - 32, kHautBande);
-    L[2]->setGeometry(kGaucheSaisie, kMarge + 4, kLargeurSaisie - 4, kHautBande - 8);
+    Fond[FondBande]->setGeometry(kMarge, kMarge, kLargeurContenu - 2 * kMarge, kHautBande);
+    Fond[FondDossier]->setGeometry(kMarge + 4, kMarge, 24, kHautBande);
+    L[LibelleDossier]->setGeometry(kMarge + 32, kMarge, kGaucheSaisie - kMarge - 32, kHautBande);
+    L[LibelleNomDossier]->setGeometry(kGaucheSaisie, kMarge + 4, kLargeurSaisie - 4, kHautBande - 8);
     for (int i = 0; i < kNbSaisies; ++i) {
         const int haut = kHautPremiereLigne + i * kPasLigne;
         Libelle[i]->setGeometry(kMarge, haut, kLargeurLibelle, kHautLigne);

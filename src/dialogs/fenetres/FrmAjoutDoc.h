@@ -35,7 +35,8 @@ public:
 
     std::array<QLineEdit *, kNbSaisies> Saisie{};  // fields 3 to 10 of the document, in order
     std::array<QLabel *, kNbSaisies + 1> Libelle{};  // their captions, then "Icône"
-    std::array<QLabel *, 3> L{};  // 0 caption of the folder, 1 the heading, 2 the folder's name
+    enum : int { LibelleDossier, LibelleEntete, LibelleNomDossier, NbLibelles };  // the folder's caption and name
+    std::array<QLabel *, NbLibelles> L{};
     QLabel *Icone = nullptr;
     QFrame *ShapeIcone = nullptr;
     BoutonImage *MIcone = nullptr;

@@ -21,11 +21,11 @@ FrmAjoutDossier::FrmAjoutDossier(QWidget *parent, MyCoolGrid *grille) : FenetreD
     definirTailleContenu(QSize(kLargeurContenu, 136));
     centrer();
 
-    L[1] = entete;
-    L[1]->setText(QStringLiteral("Nommer un dossier"));
-    L[0] = new QLabel(QStringLiteral("Nom du dossier"), FondBleu);
-    L[0]->setObjectName(QStringLiteral("L0"));
-    colorerLibelle(L[0], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
+    L[LibelleEntete] = entete;
+    L[LibelleEntete]->setText(QStringLiteral("Nommer un dossier"));
+    L[LibelleNom] = new QLabel(QStringLiteral("Nom du dossier"), FondBleu);
+    L[LibelleNom]->setObjectName(QStringLiteral("L0"));
+    colorerLibelle(L[LibelleNom], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
     for (QLabel *l : L) activerDeplacement(l);
 
     Saisie = new QLineEdit(FondBleu);
@@ -40,9 +40,9 @@ FrmAjoutDossier::FrmAjoutDossier(QWidget *parent, MyCoolGrid *grille) : FenetreD
     OK = creerBoutonOK();
     connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
 
-    Fond[1]->setGeometry(kMarge, kMarge, kLargeurContenu - 2 * kMarge, kHautBande);
-    Fond[2]->setGeometry(kMarge + 4, kMarge, 24, kHautBande);
-    L[0]->setGeometry(kMarge + 32, kMarge, kLargeurContenu - 2 * kMarge - 40, kHautBande);
+    Fond[FondBande]->setGeometry(kMarge, kMarge, kLargeurContenu - 2 * kMarge, kHautBande);
+    Fond[FondDossier]->setGeometry(kMarge + 4, kMarge, 24, kHautBande);
+    L[LibelleNom]->setGeometry(kMarge + 32, kMarge, kLargeurContenu - 2 * kMarge - 40, kHautBande);
     Saisie->setGeometry(kMarge, kMarge + kHautBande + 12, kLargeurContenu - 2 * kMarge, 26);
     OK->setGeometry(kLargeurContenu - kMarge - 74, 90, 74, 32);
     chargerImagesStock();

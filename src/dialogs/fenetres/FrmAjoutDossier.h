@@ -18,7 +18,8 @@ public:
     // The folder's number as text: a free number for a new folder, the selected
     // folder's for a rename. The folder of that number is renamed, or made.
     QString TagSaisie;
-    std::array<QLabel *, 2> L{};  // 0 the caption, 1 the heading
+    enum : int { LibelleNom, LibelleEntete, NbLibelles };
+    std::array<QLabel *, NbLibelles> L{};
     BoutonImage *OK = nullptr;
 
 signals:

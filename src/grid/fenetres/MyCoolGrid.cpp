@@ -1,6 +1,7 @@
 #include "MyCoolGrid.h"
 
 #include "ui/Apparence.h"
+#include "grid/Colonnes.h"
 #include "ui/Art.h"
 
 #include <QContextMenuEvent>
@@ -16,7 +17,7 @@ using grille::Source;
 namespace {
 
 constexpr int kCotePicto = 16;       // pictures of the cells, in pixels
-constexpr int kColonnesPeintes = 11;  // 11 to 19 hold the row's hidden data
+constexpr int kColonnesPeintes = Colonne::Type;  // the row's hidden data from there on
 constexpr int kMarge = 3;
 
 // The fixed pictures of title, section and folder rows, by number. The bands are
@@ -69,7 +70,14 @@ MyCoolGrid::MyCoolGrid(QWidget *parent) : QAbstractScrollArea(parent) {
     ChargerIconesDatabase();
 }
 
-QString MyCoolGrid::texteSelection(int colonne) const { return texte(LigneCourante, colonne); }
+QString MyCoolGrid::texteSelection(CleGrille cle) const {
+    switch (cle) {
+    case CleGrille::NumDocument: return texte(LigneCourante, Colonne::NumDocument);
+    case CleGrille::NumDossier: return texte(LigneCourante, Colonne::NumDossier);
+    case CleGrille::Rowid: break;
+    }
+    return texte(LigneCourante, Colonne::Rowid);
+}
 
 void MyCoolGrid::definirMotsDePasseVisibles(bool visibles) {
     if (visibles == motsDePasseVisibles_) return;
@@ -81,7 +89,7 @@ QStringView MyCoolGrid::texteAffiche(int ligne, int colonne) const {
     static const QString kPoints(8, QChar(0x2022));
     const QStringView t = cellules().texte(ligne, colonne);
     // Eight dots for any password, so that its length does not show either; an empty one stays empty.
-    if (colonne != kColonneMotDePasse || motsDePasseVisibles_ || t.trimmed().isEmpty() || ligne < 2 || IsLigneParent(ligne))
+    if (colonne != Colonne::MotDePasse || motsDePasseVisibles_ || t.trimmed().isEmpty() || ligne < 2 || IsLigneParent(ligne))
         return t;
     return kPoints;
 }

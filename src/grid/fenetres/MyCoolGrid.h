@@ -30,12 +30,11 @@ public:
     int hauteurEntetes() const;
 
     // For the store: the hidden keys of the row of the last click.
-    QString texteSelection(int colonne) const override;
+    QString texteSelection(CleGrille cle) const override;
 
     QSize sizeHint() const override { return {465, 320}; }
 
     // Passwords are painted as a fixed row of dots, whatever their length, unless shown.
-    static constexpr int kColonneMotDePasse = 5;
     void definirMotsDePasseVisibles(bool visibles);
     bool motsDePasseVisibles() const { return motsDePasseVisibles_; }
     // The text a cell paints: its own, or the dots of a hidden password.

@@ -42,7 +42,7 @@ constexpr int kHautOnglets = 44;
 const QRect kPage(8, kHautOnglets + 6, kLargeurContenu - 16, kHautContenu - kHautOnglets - 14);
 
 // The keys of the six samples, in the order "Valider" saves them.
-const Reglages::Cle kClesCouleurs[6] = {Reglages::Cle::Backcolor,      Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
+const Reglages::Cle kClesCouleurs[FrmOptions::NbCouleurs] = {Reglages::Cle::Backcolor,      Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
                                          Reglages::Cle::CouleurParent, Reglages::Cle::CouleurFils,  Reglages::Cle::CouleurSelection};
 
 }  // namespace
@@ -60,12 +60,12 @@ FrmOptions::FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images)
     setObjectName(QStringLiteral("FrmOptions"));
     definirTailleContenu(QSize(kLargeurContenu, kHautContenu));
     centrer();
-    Fond[1]->hide();
-    Fond[2]->hide();
-    L[1] = entete;
-    L[1]->setText(Chaine(946));
+    Fond[FondBande]->hide();
+    Fond[FondDossier]->hide();
+    L[LibelleEntete] = entete;
+    L[LibelleEntete]->setText(Chaine(946));
 
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < NbPages; ++i) {
         Onglets[i] = new BoutonImage(FondBleu);
         Onglets[i]->setObjectName(QStringLiteral("Onglets%1").arg(i));
         Onglets[i]->setText(Chaine(954 + i));
@@ -81,13 +81,13 @@ FrmOptions::FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images)
 
     // The pages by the keyboard too.
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), this), &QShortcut::activated, this,
-            [this] { clicOnglet((pageCourante() + 1) % 4); });
+            [this] { clicOnglet((pageCourante() + 1) % NbPages); });
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), this), &QShortcut::activated, this,
-            [this] { clicOnglet((pageCourante() + 3) % 4); });
+            [this] { clicOnglet((pageCourante() + NbPages - 1) % NbPages); });
 
     // The page last shown, then the exports of the tree as it stands now, written
     // while the window answers; the preview follows them.
-    page_ = qBound(0, Reglages::lireNombre(Reglages::Cle::Options), 3);
+    page_ = qBound(0, Reglages::lireNombre(Reglages::Cle::Options), NbPages - 1);
     P[page_]->show();
     Onglets[page_]->enfoncer();
     if (grille) {
@@ -102,55 +102,55 @@ FrmOptions::FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images)
 void FrmOptions::creerPages() {
     // Exports: the format, its preview, and a copy where the user wants it.
     for (int i = 0; i < 4; ++i) {
-        OExport[i] = new QRadioButton(Chaine(150 + i), P[0]);
+        OExport[i] = new QRadioButton(Chaine(150 + i), P[PageExports]);
         OExport[i]->setObjectName(QStringLiteral("OExport%1").arg(i));
         OExport[i]->setStyleSheet(Apparence::kStyleChoix);
         OExport[i]->setGeometry(12 + i * 110, 10, 104, 24);
         connect(OExport[i], &QRadioButton::clicked, this, [this, i] { choisirExport(i); });
     }
-    WB = new ApercuExport(P[0]);
+    WB = new ApercuExport(P[PageExports]);
     WB->setObjectName(QStringLiteral("WBOptions"));
     WB->setGeometry(12, 42, kPage.width() - 24, kPage.height() - 98);
-    Exp[0] = boutonTexte(P[0], Chaine(953), QStringLiteral("document-save-as"));
+    Exp[0] = boutonTexte(P[PageExports], Chaine(953), QStringLiteral("document-save-as"));
     Exp[0]->setObjectName(QStringLiteral("Exp0"));
     Exp[0]->setGeometry(kPage.width() - 162, kPage.height() - 46, 150, 34);
     connect(Exp[0], &QAbstractButton::clicked, this, [this] { clicExp(); });
 
     // The columns shown in the grid, saved at each click, applied by "Valider".
     for (int i = 0; i < 8; ++i) {
-        Info[i] = new QCheckBox(Chaine(110 + i), P[1]);
+        Info[i] = new QCheckBox(Chaine(110 + i), P[PageColonnes]);
         Info[i]->setObjectName(QStringLiteral("Info%1").arg(i));
         Info[i]->setStyleSheet(Apparence::kStyleChoix);
         Info[i]->setChecked(Reglages::colonneVisible(i));
         Info[i]->setGeometry(24 + (i / 4) * 260, 24 + (i % 4) * 40, 240, 28);
         connect(Info[i], &QCheckBox::clicked, this, [i](bool coche) { Reglages::ecrireColonneVisible(i, coche); });
     }
-    OInfo[0] = boutonTexte(P[1], Chaine(952), QStringLiteral("dialog-ok-apply"));
+    OInfo[0] = boutonTexte(P[PageColonnes], Chaine(952), QStringLiteral("dialog-ok-apply"));
     OInfo[0]->setObjectName(QStringLiteral("OInfo0"));
     OInfo[0]->setGeometry(kPage.width() - 162, kPage.height() - 46, 150, 34);
     connect(OInfo[0], &QAbstractButton::clicked, this, [this] { clicOInfo(); });
 
     // The six colours, each on a sample that is its own picker.
-    const int lignes[6] = {0, 2, 3, 4, 5, 6};  // the label of each sample
-    for (int i = 0; i < 6; ++i) {
-        QLabel *libelle = L[size_t(lignes[i])] = new QLabel(Chaine(945 + lignes[i]), P[2]);
+    const Libelle lignes[NbCouleurs] = {LibelleFond, LibelleTitre, LibelleSection, LibelleDossier, LibelleDocument, LibelleSelection};
+    for (int i = 0; i < NbCouleurs; ++i) {
+        QLabel *libelle = L[size_t(lignes[i])] = new QLabel(Chaine(945 + lignes[i]), P[PageCouleurs]);
         libelle->setStyleSheet(Apparence::kStyleLibelle);
         libelle->setGeometry(16, 16 + i * 50, 220, 36);
         activerDeplacement(libelle);
-        OCoul[i] = new Echantillon(P[2]);
+        OCoul[i] = new Echantillon(P[PageCouleurs]);
         OCoul[i]->setObjectName(QStringLiteral("OCoul%1").arg(i));
         OCoul[i]->setFocusPolicy(Qt::StrongFocus);
         OCoul[i]->setToolTip(QStringLiteral("Choisir la couleur"));
         OCoul[i]->setGeometry(240, 16 + i * 50, kPage.width() - 256, 36);
         connect(OCoul[i], &QAbstractButton::clicked, this, [this, i] { clicCouleur(i); });
     }
-    OCoul[1]->setText(QStringLiteral("  ") + Chaine(118).trimmed());
-    OCoul[2]->setText(QString(10, u' ') + Chaine(110) + QString(40, u' ') + Chaine(111));
-    OCoul[3]->setText(QString(5, u' ') + Chaine(143));
-    OCoul[4]->setText(QString(5, u' ') + Chaine(144));
+    OCoul[CouleurTitre]->setText(QStringLiteral("  ") + Chaine(118).trimmed());
+    OCoul[CouleurSection]->setText(QString(10, u' ') + Chaine(110) + QString(40, u' ') + Chaine(111));
+    OCoul[CouleurDossier]->setText(QString(5, u' ') + Chaine(143));
+    OCoul[CouleurDocument]->setText(QString(5, u' ') + Chaine(144));
     // The column titles are white on the navy band by default: their sample shows on it.
-    OCoul[2]->fond = 0x663f2e;
-    OInterface[0] = boutonTexte(P[2], Chaine(952), QStringLiteral("dialog-ok-apply"));
+    OCoul[CouleurSection]->fond = 0x663f2e;
+    OInterface[0] = boutonTexte(P[PageCouleurs], Chaine(952), QStringLiteral("dialog-ok-apply"));
     OInterface[0]->setObjectName(QStringLiteral("OInterface0"));
     OInterface[0]->setGeometry(kPage.width() - 162, kPage.height() - 46, 150, 34);
     connect(OInterface[0], &QAbstractButton::clicked, this, [this] { clicOInterface(); });
@@ -163,7 +163,7 @@ int FrmOptions::pageCourante() const { return page_; }
 
 void FrmOptions::clicOnglet(int index) {
     // The tab of the page shown stays down; the others come up.
-    for (int i = 0; i < 4; ++i) Onglets[i]->setChecked(i == index);
+    for (int i = 0; i < NbPages; ++i) Onglets[i]->setChecked(i == index);
     if (page_ == index) return;
     P[index]->show();
     P[page_]->hide();
@@ -231,16 +231,16 @@ void FrmOptions::clicOInfo() {
 }
 
 void FrmOptions::chargerCouleurs() {
-    for (int i = 0; i < 6; ++i) {
+    for (int i = 0; i < NbCouleurs; ++i) {
         const int valeur = Reglages::lireNombre(kClesCouleurs[i]);
-        if (i == 0 || i == 5)
+        if (i == CouleurFond || i == CouleurSelection)
             OCoul[i]->fond = valeur;
         else
             OCoul[i]->texte = valeur;
     }
     // The document sample shows on the real background; the selection sample's text is the documents'.
-    OCoul[4]->fond = OCoul[0]->fond;
-    OCoul[5]->texte = OCoul[4]->texte;
+    OCoul[CouleurDocument]->fond = OCoul[CouleurFond]->fond;
+    OCoul[CouleurSelection]->texte = OCoul[CouleurDocument]->texte;
     for (Echantillon *e : OCoul) e->update();
 }
 
@@ -251,16 +251,16 @@ void FrmOptions::clicCouleur(int index) {
         // cancel gives that colour back, and a text sample takes it.
         const int choix = ChoixFichier::couleur(this, e->fond);
         switch (index) {
-        case 0:
-            OCoul[0]->fond = choix;
-            OCoul[4]->fond = choix;
+        case CouleurFond:
+            OCoul[CouleurFond]->fond = choix;
+            OCoul[CouleurDocument]->fond = choix;
             break;
-        case 4:
-            OCoul[4]->fond = OCoul[0]->fond;
-            OCoul[4]->texte = choix;
+        case CouleurDocument:
+            OCoul[CouleurDocument]->fond = OCoul[CouleurFond]->fond;
+            OCoul[CouleurDocument]->texte = choix;
             break;
-        case 5:
-            OCoul[5]->fond = choix;
+        case CouleurSelection:
+            OCoul[CouleurSelection]->fond = choix;
             break;
         default:
             e->texte = choix;
@@ -274,12 +274,12 @@ void FrmOptions::clicCouleur(int index) {
 
 void FrmOptions::clicOInterface() {
     if (OInterface[0]->estEnfonce()) {
-        for (int i = 0; i < 6; ++i) {
-            Reglages::ecrire(kClesCouleurs[i], i == 0 || i == 5 ? OCoul[i]->fond : OCoul[i]->texte);
+        for (int i = 0; i < NbCouleurs; ++i) {
+            Reglages::ecrire(kClesCouleurs[i], i == CouleurFond || i == CouleurSelection ? OCoul[i]->fond : OCoul[i]->texte);
             // The window takes the background at once, and the tabs' captions on it
             // a colour that reads there.
-            if (i == 0) {
-                const QColor fond = Apparence::couleur(OCoul[0]->fond);
+            if (i == CouleurFond) {
+                const QColor fond = Apparence::couleur(OCoul[CouleurFond]->fond);
                 FondBleu->definirCouleurFond(fond);
                 for (BoutonImage *onglet : Onglets) {
                     QPalette palette = onglet->palette();

@@ -39,15 +39,24 @@ public:
     // its icon library, which the last page edits; either may be null (nothing read).
     FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images);
 
-    std::array<BoutonImage *, 4> Onglets{};
-    std::array<PanneauImage *, 4> P{};
+    // The pages, in the order of their tabs.
+    enum Page : int { PageExports, PageColonnes, PageCouleurs, PageIcones, NbPages };
+    // The colour samples, in the order of their settings: the background and the
+    // selection keep a back colour, the others a text colour.
+    enum Couleur : int { CouleurFond, CouleurTitre, CouleurSection, CouleurDossier, CouleurDocument, CouleurSelection, NbCouleurs };
+    // The labels: the heading, one a colour sample, the caption of the icon page.
+    enum Libelle : int { LibelleFond, LibelleEntete, LibelleTitre, LibelleSection, LibelleDossier, LibelleDocument, LibelleSelection,
+                         LibelleIcones, NbLibelles };
+
+    std::array<BoutonImage *, NbPages> Onglets{};
+    std::array<PanneauImage *, NbPages> P{};
     std::array<QRadioButton *, 4> OExport{};
     ApercuExport *WB = nullptr;
     std::array<BoutonImage *, 1> Exp{};
     std::array<QCheckBox *, 8> Info{};
     std::array<BoutonImage *, 1> OInfo{};
-    std::array<Echantillon *, 6> OCoul{};
-    std::array<QLabel *, 8> L{};  // 1 the heading; 0 and 2 to 6 name the colours; 7 the icon page
+    std::array<Echantillon *, NbCouleurs> OCoul{};
+    std::array<QLabel *, NbLibelles> L{};
     std::array<BoutonImage *, 1> OInterface{};
     QListWidget *ListeIcones = nullptr;  // the main window's icon library, in its order
     std::array<BoutonImage *, 3> ValDivers{};  // "Ajouter", "Modifier", "Valider" of the icons

@@ -58,11 +58,11 @@ const QString kEnregistree = QStringLiteral("La bibliothèque d'icônes est enre
 }  // namespace
 
 void FrmOptions::creerPageIcones() {
-    QWidget *page = P[3];
-    L[7] = new QLabel(Chaine(944), page);
-    L[7]->setStyleSheet(Apparence::kStyleLibelle);
-    L[7]->setGeometry(16, 10, 400, 28);
-    activerDeplacement(L[7]);
+    QWidget *page = P[PageIcones];
+    L[LibelleIcones] = new QLabel(Chaine(944), page);
+    L[LibelleIcones]->setStyleSheet(Apparence::kStyleLibelle);
+    L[LibelleIcones]->setGeometry(16, 10, 400, 28);
+    activerDeplacement(L[LibelleIcones]);
 
     ListeIcones = new QListWidget(page);
     ListeIcones->setObjectName(QStringLiteral("ListeIcones"));

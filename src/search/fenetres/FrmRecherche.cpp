@@ -26,12 +26,12 @@ FrmRecherche::FrmRecherche(QWidget *parent, MyCoolGrid *grille) : FenetreDialogu
     definirTailleContenu(QSize(kLargeurContenu, kHautContenu));
     centrer();
 
-    L[1] = entete;
-    L[1]->setText(Chaine(966));
-    L[0] = new QLabel(Chaine(967), FondBleu);
-    L[0]->setObjectName(QStringLiteral("L0"));
-    colorerLibelle(L[0], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
-    activerDeplacement(L[0]);
+    L[LibelleEntete] = entete;
+    L[LibelleEntete]->setText(Chaine(966));
+    L[LibelleListe] = new QLabel(Chaine(967), FondBleu);
+    L[LibelleListe]->setObjectName(QStringLiteral("L0"));
+    colorerLibelle(L[LibelleListe], Reglages::lireNombre(Reglages::Cle::CouleurTitre), false);
+    activerDeplacement(L[LibelleListe]);
 
     for (int i = 0; i < 2; ++i) {
         OptRec[i] = new QRadioButton(Chaine(123 + i), FondBleu);
@@ -70,9 +70,9 @@ FrmRecherche::FrmRecherche(QWidget *parent, MyCoolGrid *grille) : FenetreDialogu
     OptRec[1]->setGeometry(kMarge + 120, kMarge, 120, 24);
     Saisie->setGeometry(kMarge, kMarge + 32, largeur - 120, 28);
     OInterface[0]->setGeometry(kLargeurContenu - kMarge - 110, kMarge + 30, 110, 32);
-    Fond[1]->setGeometry(kMarge, kMarge + 74, largeur, kHautBande);
-    Fond[2]->setGeometry(kMarge + 4, kMarge + 74, 24, kHautBande);
-    L[0]->setGeometry(kMarge + 32, kMarge + 74, largeur - 40, kHautBande);
+    Fond[FondBande]->setGeometry(kMarge, kMarge + 74, largeur, kHautBande);
+    Fond[FondDossier]->setGeometry(kMarge + 4, kMarge + 74, 24, kHautBande);
+    L[LibelleListe]->setGeometry(kMarge + 32, kMarge + 74, largeur - 40, kHautBande);
     Liste->setGeometry(kMarge, kMarge + 74 + kHautBande + 4, largeur, kHautContenu - (2 * kMarge + 74 + kHautBande + 4));
     chargerImagesStock();
     Saisie->setFocus();

@@ -21,7 +21,8 @@ public:
     std::array<QRadioButton *, 2> OptRec{};  // 0 folders, 1 documents
     std::array<BoutonImage *, 1> OInterface{};  // 0 "Valider"
     QListWidget *Liste = nullptr;           // the hits; each item's key is in its data
-    std::array<QLabel *, 2> L{};            // 0 above the list, 1 the heading
+    enum : int { LibelleListe, LibelleEntete, NbLibelles };  // above the list, the heading
+    std::array<QLabel *, NbLibelles> L{};
 
 private:
     void clicValider();

@@ -28,9 +28,9 @@ void sansPerte(F &&etape) {
 }  // namespace
 
 FrmLogin::FrmLogin(QWidget *parent) : FenetreCompte(QStringLiteral("FrmLogin"), QSize(380, 150), parent) {
-    L[1] = entete;
-    L[2] = creerLibelle(QStringLiteral("Password"));
-    L[3] = creerLibelle(QStringLiteral("Login"));
+    L[LibelleEntete] = entete;
+    L[LibelleMotDePasse] = creerLibelle(QStringLiteral("Password"));
+    L[LibelleLogin] = creerLibelle(QStringLiteral("Login"));
     Image1 = creerLogo(28);
 
     Login = new QComboBox(FondBleu);
@@ -44,9 +44,9 @@ FrmLogin::FrmLogin(QWidget *parent) : FenetreCompte(QStringLiteral("FrmLogin"), 
 
     creerOK();
 
-    L[3]->setGeometry(100, 22, 90, 24);
+    L[LibelleLogin]->setGeometry(100, 22, 90, 24);
     Login->setGeometry(190, 22, 170, 26);
-    L[2]->setGeometry(100, 60, 90, 24);
+    L[LibelleMotDePasse]->setGeometry(100, 60, 90, 24);
     Pass->setGeometry(190, 60, 170, 26);
     OK->setGeometry(286, 104, 74, 32);
     setTabOrder(Login, Pass);
@@ -61,7 +61,7 @@ void FrmLogin::charger() {
     ChoixListe = true;
     ChargerLogin();
     ChoixListe = false;
-    L[1]->setText(Session::ModeLogin == 1 ? QStringLiteral("Créer un nouveau compte") : QStringLiteral("Choisir un compte"));
+    L[LibelleEntete]->setText(Session::ModeLogin == Session::Mode::NouveauCompte ? QStringLiteral("Créer un nouveau compte") : QStringLiteral("Choisir un compte"));
 }
 
 void FrmLogin::ChargerLogin() {
@@ -79,7 +79,7 @@ void FrmLogin::ChargerLogin() {
             Login->insertItem(position, c.login);
             if (c.login == sauve) selection = position;
         }
-        if (Session::ModeLogin != 1 && Login->count() > 0 && selection < 0) selection = 0;
+        if (Session::ModeLogin != Session::Mode::NouveauCompte && Login->count() > 0 && selection < 0) selection = 0;
         Login->setCurrentIndex(selection);
         if (selection < 0) Login->setEditText(QString());
         if (selection >= 0) {
@@ -171,7 +171,7 @@ void FrmLogin::ChercherLogin() {
 void FrmLogin::clicFermer() {
     // Without an open session (program start, or a base just replaced) there is no
     // main window to go back to: closing means ending the program.
-    if (!Session::ModeLogin || *Session::ModeLogin == 0 || !Session::Ouverte) {
+    if (!Session::ModeLogin || *Session::ModeLogin == Session::Mode::Principale || !Session::Ouverte) {
         ConfirmerQuitter();
         return;
     }

@@ -19,7 +19,8 @@ public:
 
     QComboBox *Login = nullptr;
     QLineEdit *Pass = nullptr;
-    std::array<QLabel *, 4> L{};  // 1 heading, 2 "Password", 3 "Login"
+    enum : int { LibelleEntete = 1, LibelleMotDePasse, LibelleLogin, NbLibelles };  // "Password", "Login"
+    std::array<QLabel *, NbLibelles> L{};
     QLabel *Image1 = nullptr;
 
     bool connexionReussie() const { return reussie_; }

@@ -12,9 +12,9 @@
 
 FrmModifLogin::FrmModifLogin(QWidget *parent)
     : FenetreCompte(QStringLiteral("FrmModifLogin"), QSize(380, 180), parent) {
-    L[1] = entete;
-    L[1]->setText(QStringLiteral("Modification du mot de passe"));
-    L[0] = creerLibelle(QStringLiteral("Vérification"));
+    L[LibelleEntete] = entete;
+    L[LibelleEntete]->setText(QStringLiteral("Modification du mot de passe"));
+    L[LibelleVerification] = creerLibelle(QStringLiteral("Vérification"));
     auto *libelleLogin = creerLibelle(QStringLiteral("Login"));
     auto *libellePass = creerLibelle(QStringLiteral("Password"));
     creerLogo(30);
@@ -33,7 +33,7 @@ FrmModifLogin::FrmModifLogin(QWidget *parent)
     Login->setGeometry(190, 16, 170, 26);
     libellePass->setGeometry(100, 52, 90, 24);
     Pass->setGeometry(190, 52, 170, 26);
-    L[0]->setGeometry(100, 88, 90, 24);
+    L[LibelleVerification]->setGeometry(100, 88, 90, 24);
     Pass2->setGeometry(190, 88, 170, 26);
     OK->setGeometry(286, 134, 74, 32);
     setTabOrder(Login, Pass);

@@ -16,7 +16,8 @@ public:
     QLineEdit *Login = nullptr;
     QLineEdit *Pass = nullptr;
     QLineEdit *Pass2 = nullptr;
-    std::array<QLabel *, 2> L{};  // 0 "Vérification", 1 the heading
+    enum : int { LibelleVerification, LibelleEntete, NbLibelles };
+    std::array<QLabel *, NbLibelles> L{};
 
 private:
     void ChercherLogin();

@@ -57,16 +57,16 @@ void PanneauImage::paintEvent(QPaintEvent *) {
 
 FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::FramelessWindowHint) {
     setAttribute(Qt::WA_DeleteOnClose, false);
-    Fond[0] = new PanneauImage(QStringLiteral("enteteh"), PanneauImage::Mode::Etire, this);
-    Fond[3] = new PanneauImage(QStringLiteral("gauche"), PanneauImage::Mode::Etire, this);
-    Fond[4] = new PanneauImage(QStringLiteral("droit"), PanneauImage::Mode::Etire, this);
+    Fond[FondHaut] = new PanneauImage(QStringLiteral("enteteh"), PanneauImage::Mode::Etire, this);
+    Fond[FondGauche] = new PanneauImage(QStringLiteral("gauche"), PanneauImage::Mode::Etire, this);
+    Fond[FondDroit] = new PanneauImage(QStringLiteral("droit"), PanneauImage::Mode::Etire, this);
     EnteteB = new PanneauImage(QStringLiteral("enteteb"), PanneauImage::Mode::Etire, this);
     FondBleu = new PanneauImage(QStringLiteral("Fond"), PanneauImage::Mode::Mosaique, this);
-    for (int i : {0, 3, 4}) activerDeplacement(Fond[i]);
+    for (int i : {FondHaut, FondGauche, FondDroit}) activerDeplacement(Fond[i]);
     activerDeplacement(EnteteB);
     activerDeplacement(FondBleu);
 
-    entete = new QLabel(Fond[0]);
+    entete = new QLabel(Fond[FondHaut]);
     entete->setObjectName(QStringLiteral("entete"));
     QFont f = entete->font();
     f.setBold(true);
@@ -75,7 +75,7 @@ FenetreCadre::FenetreCadre(QWidget *parent) : QWidget(parent, Qt::Window | Qt::F
     entete->setStyleSheet(Apparence::kStyleSurBande);
     activerDeplacement(entete);
 
-    Im_Commande = new BoutonImage(Fond[0]);
+    Im_Commande = new BoutonImage(Fond[FondHaut]);
     Im_Commande->setObjectName(QStringLiteral("Im_Commande"));
     Im_Commande->definirArt(QStringLiteral("fermer"), QSize(20, 20));
     Im_Commande->setToolTip(QStringLiteral("Fermer"));
@@ -156,12 +156,12 @@ void FenetreCadre::keyPressEvent(QKeyEvent *e) {
 
 void FenetreCadre::resizeEvent(QResizeEvent *) {
     const int w = width(), h = height();
-    Fond[0]->setGeometry(0, 0, w, kHautEntete);
+    Fond[FondHaut]->setGeometry(0, 0, w, kHautEntete);
     EnteteB->setGeometry(0, h - kHautBas, w, kHautBas);
-    Fond[3]->setGeometry(0, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
-    Fond[4]->setGeometry(w - kLargeBord, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
+    Fond[FondGauche]->setGeometry(0, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
+    Fond[FondDroit]->setGeometry(w - kLargeBord, kHautEntete, kLargeBord, h - kHautEntete - kHautBas);
     FondBleu->setGeometry(kLargeBord, kHautEntete, w - 2 * kLargeBord, h - kHautEntete - kHautBas);
-    if (Im_Commande->parentWidget() == Fond[0]) Im_Commande->setGeometry(w - 34, (kHautEntete - 28) / 2, 28, 28);
+    if (Im_Commande->parentWidget() == Fond[FondHaut]) Im_Commande->setGeometry(w - 34, (kHautEntete - 28) / 2, 28, 28);
     entete->setGeometry(12, 0, w - 60, kHautEntete);
 }
 

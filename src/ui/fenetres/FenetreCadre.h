@@ -54,8 +54,16 @@ public:
 
     explicit FenetreCadre(QWidget *parent = nullptr);
 
-    // Frame parts, by their place: 0 top strip, 3 left edge, 4 right edge.
-    std::array<PanneauImage *, 5> Fond{};
+    // Frame parts, by their place; a dialog adds two of its own.
+    enum PartieFond : int {
+        FondHaut,      // top strip
+        FondBande,     // a dialog's band, as the grid's title row
+        FondDossier,   // a dialog's folder picture, on its band
+        FondGauche,    // left edge
+        FondDroit,     // right edge
+        NbPartiesFond
+    };
+    std::array<PanneauImage *, NbPartiesFond> Fond{};
     PanneauImage *EnteteB = nullptr;   // bottom strip
     PanneauImage *FondBleu = nullptr;  // background of the content; children go here
     BoutonImage *Im_Commande = nullptr;  // close button, tool tip "Fermer"

@@ -1,6 +1,7 @@
 #include "frmMain.h"
 
 #include "grid/fenetres/MyCoolGrid.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "store/Chemins.h"
 #include "store/Def.h"
 #include "store/FichierEntier.h"
@@ -8,8 +9,8 @@
 #include "store/Session.h"
 #include "ui/Apparence.h"
 #include "ui/Art.h"
-#include "ui/fenetres/Calendriers.h"
 #include "ui/fenetres/BoutonImage.h"
+#include "ui/fenetres/Calendriers.h"
 #include "ui/Chaines.h"
 #include "ui/fenetres/Messages.h"
 #include "ui/PressePapiers.h"
@@ -37,24 +38,25 @@ struct DefinitionBouton {
     bool visible;
 };
 
+// In the order of Bouton::Numero.
 constexpr DefinitionBouton kBoutons[frmMain::kNbBoutons] = {
-    {0, 3240, "list-add-user", true},                 // new account
-    {0, 240, "document-open", true},                  // open a base
-    {0, 1130, "document-save-as", true},              // save as
-    {0, 12000, "document-export", false},             // export: lives in the options
-    {0, 4120, "dialog-password", true},               // change the password
-    {0, 5340, "system-search", true},
-    {0, 6230, "configure", true},
-    {0, 7500, "help-contents", true},
-    {0, 8390, "help-about", true},
-    {0, 2350, "exchange-positions-clockwise", true},  // change of account
-    {1, 200, "folder-new", true},
-    {1, 3220, "document-new", true},
-    {1, 1960, "group-delete", true},                  // delete a folder
-    {1, 5880, "edit-delete", true},                   // delete a document
-    {1, 1080, "group-edit", true},                    // rename a folder
-    {1, 4110, "document-edit-sign", true},            // edit a document
-    {1, 5000, "insert-image", true},
+    {0, 3240, "list-add-user", true},                 // NouveauCompte
+    {0, 240, "document-open", true},                  // OuvrirBase
+    {0, 1130, "document-save-as", true},              // EnregistrerBase
+    {0, 12000, "document-export", false},             // Exporter: lives in the options
+    {0, 4120, "dialog-password", true},               // ModifierMotDePasse
+    {0, 5340, "system-search", true},                 // Rechercher
+    {0, 6230, "configure", true},                     // Options
+    {0, 7500, "help-contents", true},                 // Aide
+    {0, 8390, "help-about", true},                    // APropos
+    {0, 2350, "exchange-positions-clockwise", true},  // ChangerCompte
+    {1, 200, "folder-new", true},                     // NouveauDossier
+    {1, 3220, "document-new", true},                  // NouveauDocument
+    {1, 1960, "group-delete", true},                  // SupprimerDossier
+    {1, 5880, "edit-delete", true},                   // SupprimerDocument
+    {1, 1080, "group-edit", true},                    // RenommerDossier
+    {1, 4110, "document-edit-sign", true},            // EditerDocument
+    {1, 5000, "insert-image", true},                  // ModifierIcone
 };
 
 constexpr int kHautBarre = 68;     // 1020 twips
@@ -71,7 +73,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     setMinimumSize(420, 320);
 
     // The title bar's three buttons, held together at its right end.
-    PP = new QWidget(Fond[0]);
+    PP = new QWidget(Fond[FondHaut]);
     Im_Commande[0] = FenetreCadre::Im_Commande;
     Im_Commande[0]->setParent(PP);
     Im_Commande[1] = new BoutonImage(PP);
@@ -91,7 +93,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     for (int i = 0; i < 3; ++i)
         connect(Im_Commande[i], &QAbstractButton::clicked, this, [this, i] { clicFenetre(i); });
 
-    auto *logo = new QLabel(Fond[0]);
+    auto *logo = new QLabel(Fond[FondHaut]);
     logo->setPixmap(Art::pixmap(QStringLiteral("korvane"), QSize(24, 24)));
     logo->setGeometry(8, 6, 24, 24);
     activerDeplacement(logo);
@@ -137,16 +139,9 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     WB->installEventFilter(this);
     WB->hide();
 
-    PanCal = new PanneauImage(QStringLiteral("Fond"), PanneauImage::Mode::Mosaique, this);
-    PanCal->setObjectName(QStringLiteral("PanCal"));
-    PanCal->resize(270, 190);
-    PanCal->definirAlignementTexte(Qt::AlignTop | Qt::AlignLeft);
-    PanCal->definirCouleurTexte(Apparence::kEncre);
-    PanCal->definirCouleurFond(Apparence::kAmbre);
-    Calendrier = new QCalendarWidget(PanCal);
-    Calendriers::habiller(Calendrier);
-    Calendrier->setGeometry(1, 18, 268, 171);
-    PanCal->hide();
+    Edition = new EditionEnPlace(*this, *MG, LigneDocument);
+    connect(Edition, &EditionEnPlace::titreEcrit, this, [this](int ligne) { ecrireBandeDocument(ligne); });
+    connect(Edition, &EditionEnPlace::formulaireDemande, this, [this] { modifierDocument(); });
 
     Timer1 = new QTimer(this);
     Timer1->setInterval(1000);
@@ -159,15 +154,15 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     } else {
         OterEntreePortable();  // a copy used before the package was installed registered itself
     }
-    Session::ModeLogin = 0;
+    Session::ModeLogin = Session::Mode::Principale;
     placerSelonReglages();
     legendeEntete_ = QString(45, u' ') + Chaine(154);
     ChargerMG();
     MG->Backcolor(Reglages::lireNombre(Reglages::Cle::Backcolor));
     MG->GridColor(MG->Backcolor());
-    RendreSaisieVisible(false, 0, 0);
-    RendreSaisieVisibleCalendrier(false);
-    PanCal->definirTexte(Chaine(963));
+    Edition->RendreSaisieVisible(false, 0, 0);
+    Edition->RendreSaisieVisibleCalendrier(false);
+    Edition->PanCal->definirTexte(Chaine(963));
     legendeEntete_ += QStringLiteral("    (") + Chaine(119) + QStringLiteral(" : ") + Session::LoginCourant + u')';
     // The strip shows the caption without the blanks that made room for the logo.
     entete->setText(legendeEntete_.trimmed());
@@ -180,7 +175,12 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     MG->setFocus();
 }
 
-frmMain::~frmMain() { Def::oublierSelectionGrille(MG); }
+frmMain::~frmMain() {
+    // Its boxes' events stop before the grid they read goes.
+    delete Edition;
+    Edition = nullptr;
+    Def::oublierSelectionGrille(MG);
+}
 
 void frmMain::creerBoutons() {
     for (int i = 0; i < kNbBoutons; ++i) {
@@ -238,9 +238,9 @@ void frmMain::redimensionner() {
     Heure->setGeometry(EnteteB->width() - kLargeurHeure, 0, kLargeurHeure, EnteteB->height());
     if (CompteARebours) afficherCompteARebours(PressePapiers::instance().secondesRestantes());
     // The boxes follow the columns; the calendar goes.
-    if (Saisie[0]) {
-        placerSaisies(SaisieVisible);
-        RendreSaisieVisibleCalendrier(false);
+    if (Edition && Edition->Saisie[0]) {
+        Edition->placerSaisies(Edition->SaisieVisible);
+        Edition->RendreSaisieVisibleCalendrier(false);
     }
 }
 
@@ -248,7 +248,7 @@ bool frmMain::eventFilter(QObject *objet, QEvent *evenement) {
     if (MG && (objet == MG || objet == MG->viewport())) {
         const QEvent::Type type = evenement->type();
         // What was typed is stored before the grid acts; a value that can't be stored keeps the edit.
-        if (SaisieVisible && (type == QEvent::MouseButtonPress || type == QEvent::KeyPress)) return !fermerSaisie();
+        if (Edition && Edition->SaisieVisible && (type == QEvent::MouseButtonPress || type == QEvent::KeyPress)) return !Edition->fermerSaisie();
         return false;
     }
     if (WB && objet == WB) {
@@ -258,7 +258,6 @@ bool frmMain::eventFilter(QObject *objet, QEvent *evenement) {
         MG->setFocus();
         return true;
     }
-    if (filtrerSaisie(objet, evenement)) return true;
     return FenetreCadre::eventFilter(objet, evenement);
 }
 
@@ -303,7 +302,7 @@ void frmMain::clicFenetre(int index) {
 }
 
 bool frmMain::demanderQuitter() {
-    if (!fermerSaisie()) return false;
+    if (!Edition->fermerSaisie()) return false;
     if (!(windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen))) memoriserPosition();
     return ConfirmerQuitter();
 }
@@ -318,7 +317,7 @@ void frmMain::finDeplacement() { memoriserPosition(); }
 void frmMain::closeEvent(QCloseEvent *e) {
     // A close from the desktop goes through the quit question; on No the window stays,
     // rather than leave a program running with no window.
-    if (Session::ModeLogin == 0 && !demanderQuitter()) {
+    if (Session::ModeLogin == Session::Mode::Principale && !demanderQuitter()) {
         e->ignore();
         return;
     }

@@ -10,17 +10,40 @@
 #include <functional>
 #include <span>
 
+class EditionEnPlace;
 class FrmAjoutDoc;
 class FrmOptions;
 class FrmPop;
 class MyCoolGrid;
-class QCalendarWidget;
 class QLabel;
 class QTextBrowser;
 class QTimer;
-class QLineEdit;
-class QDate;
 class QPushButton;
+
+// The command buttons of the two bars, by what they do.
+namespace Bouton {
+enum Numero : int {
+    Aucun = -1,  // a command that has no button
+    NouveauCompte,
+    OuvrirBase,
+    EnregistrerBase,
+    Exporter,  // hidden: the exports live in the options
+    ModifierMotDePasse,
+    Rechercher,
+    Options,
+    Aide,
+    APropos,
+    ChangerCompte,
+    NouveauDossier,
+    NouveauDocument,
+    SupprimerDossier,
+    SupprimerDocument,
+    RenommerDossier,
+    EditerDocument,  // in place, in the grid
+    ModifierIcone,
+    Nombre
+};
+}  // namespace Bouton
 
 class frmMain : public FenetreCadre {
     Q_OBJECT
@@ -28,7 +51,7 @@ public:
     static constexpr int kTwips = 15;          // twips to the pixel
     static constexpr int kLargeurNormale = 15000;  // twips
     static constexpr int kHauteurNormale = 12000;
-    static constexpr int kNbBoutons = 17;
+    static constexpr int kNbBoutons = Bouton::Nombre;
 
     explicit frmMain(QWidget *parent = nullptr);
     ~frmMain() override;
@@ -58,10 +81,7 @@ public:
     void modifierDocument();
 
     // In-place editing of the selected document.
-    static constexpr int kNbSaisies = 11;
-    void RendreSaisieVisible(bool visible, int init, int rang);
-    void RendreSaisieVisibleCalendrier(bool visible);
-    std::array<QLineEdit *, kNbSaisies> Saisie{};
+    EditionEnPlace *Edition = nullptr;
 
     MyCoolGrid *MG = nullptr;
     std::array<BoutonImage *, 3> Im_Commande{};  // close, minimise, maximise or restore
@@ -70,34 +90,30 @@ public:
     QWidget *PP = nullptr;
     QLabel *Heure = nullptr;
     QTextBrowser *WB = nullptr;
-    PanneauImage *PanCal = nullptr;
-    QCalendarWidget *Calendrier = nullptr;
     QTimer *Timer1 = nullptr;
     ListeImages imgCONTENU;
 
     QString InfoEntete;
     QString NomDossierCourant;
     int LigneDocument = 9999;
-    bool SaisieVisible = false;
-    // Ends in-place editing, storing first what the user changed; false, with the
-    // editing still open and the reason told, when a changed value can't be stored.
-    bool fermerSaisie();
     int nombreDossiers() const { return NbDossiers; }
     QString legendeEntete() const { return legendeEntete_; }  // caption of the top strip, as composed
 
-    // The window's commands, in one table: the row's menu lists those marked for it that
-    // suit the selection, and each key runs the first command of that key that suits it
-    // (or tells what to select). A command runs its button, or its own action.
+    // The window's commands, in one table: the buttons run theirs, the row's menu lists
+    // those marked for it that suit the selection, and each key runs the first command
+    // of that key that suits it (or tells what to select). A key or the menu runs a
+    // command through its button when it has one, as a click would.
     enum class Besoin { Rien, Ligne, Dossier, Document };
     struct Commande {
         const char *legende;
         QKeyCombination touches;
         Besoin besoin;
-        int bouton;                  // button of the bars, or -1
-        void (frmMain::*action)();   // when there is no button
-        bool dansMenu;               // listed in the row's menu
-        int groupe;                  // the menu draws a line between groups
-        const char *icone = nullptr; // its picture in the menu, from the theme's action set
+        const char *manque;           // what to select first, when the selection doesn't suit
+        Bouton::Numero bouton;        // its button in the bars, if any
+        void (frmMain::*action)();
+        bool dansMenu;                // listed in the row's menu
+        int groupe;                   // the menu draws a line between groups
+        const char *icone = nullptr;  // its picture in the menu, from the theme's action set
     };
     static std::span<const Commande> commandes();
     static QString texteTouches(QKeyCombination touches);  // as the desktop writes it ("Ctrl+Maj+N")
@@ -122,15 +138,29 @@ protected:
 
 private:
     void creerBoutons();
-    void creerSaisies();
     void clicGrille();
     void ecrireBandeDocument(int r);  // the band names the document of row r and its folder
     void clicBouton(int index);
-    void commande(int index);
+    static const Commande *commandeDuBouton(int index);
     // A command from the keyboard: as a click on its button, or why it can't run.
     void declencher(int index);
     void supprimerSelection();
-    // The commands of the table that have no button.
+    // The commands of the table.
+    void nouveauCompte();
+    void ouvrirBase();
+    void enregistrerBaseSous();
+    void modifierMotDePasseCompte();
+    void rechercher();
+    void ouvrirOptions();
+    void afficherAide();
+    void aPropos();
+    void changerCompte();
+    void nouveauDossier();
+    void nouveauDocument();
+    void supprimerDossier();
+    void supprimerDocument();
+    void renommerDossier();
+    void modifierDansLaGrille();
     void copierMotDePasse();
     void copierLogin();
     void copierUrl();
@@ -146,7 +176,7 @@ private:
     void menuLigne(const QPoint &position);
     void afficherCompteARebours(int secondes);
     // What the command needs selected first, as told to the user; empty when the selection suits.
-    QString selectionManquante(int index) const;
+    QString selectionManquante(const Commande *c) const;
     // After a reload, the selection goes back to the same folder or document by its
     // keys, or is cleared when it is gone.
     void restaurerSelection();
@@ -160,19 +190,6 @@ private:
     void ouvrirDialogueDossier(const QString &nom, const QString &numero);
     void ouvrirDialogueDocument(const QString &dossier);
     void montrerDialogueDocument(FrmAjoutDoc &dialogue);
-    void placerSaisies(bool visible);
-    bool enregistrerSaisies();
-    bool enregistrerSaisie(int index);
-    bool ecrireChamp(int index, const QString &texte);
-    void annulerSaisie();
-    void entreeSaisie(int index);
-    void revenirDuCalendrier(int index);
-    void choisirDate(const QDate &jour);
-    void suivreDefilement();
-    int saisieVoisine(int index, int sens) const;
-    bool filtrerSaisie(QObject *objet, QEvent *evenement);
-    bool masquageSaisie_ = false;
-    bool retourCalendrier_ = false;
     bool garderEnfonce_ = false;  // the command leaves its button pressed
     bool chargementMuet_ = false;
     int rechargements_ = 0;  // a reload after a failure already told: no second message

@@ -3,7 +3,9 @@
 
 #include "frmMain.h"
 
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "store/Reglages.h"
 #include "ui/Art.h"
 #include "ui/fenetres/BoutonImage.h"
@@ -22,41 +24,56 @@
 #include <QTimer>
 
 namespace {
-constexpr int kColonneTitre = 3;
-constexpr int kColonneLogin = 4;
-constexpr int kColonneUrl = 6;
 constexpr int kLargeurCompte = 240;  // the countdown, a gap before the clock included
 constexpr int kDureeAnnonce = 4000;  // ms
 }  // namespace
 
 std::span<const frmMain::Commande> frmMain::commandes() {
     using B = Besoin;
+    namespace N = Bouton;
+    constexpr const char *kDocument = "Sélectionnez d'abord un document.";
     static const Commande kCommandes[] = {
-        {"Copier le mot de passe", Qt::CTRL | Qt::Key_C, B::Document, -1, &frmMain::copierMotDePasse, true, 0, "edit-copy"},
-        {"Copier le login", Qt::CTRL | Qt::Key_B, B::Document, -1, &frmMain::copierLogin, true, 0, "edit-copy"},
-        {"Copier l'URL", Qt::CTRL | Qt::SHIFT | Qt::Key_U, B::Document, -1, &frmMain::copierUrl, true, 0, "edit-copy"},
-        {"Ouvrir l'URL", Qt::CTRL | Qt::Key_U, B::Document, -1, &frmMain::ouvrirUrl, true, 0, "globe"},
-        {"Modifier le document", frmMain::kToucheFormulaire, B::Document, -1, &frmMain::modifierDocument, true, 1, "document-properties"},
-        {"Modifier dans la grille", QKeyCombination(Qt::Key_F2), B::Document, 15, nullptr, true, 1, "document-edit-sign"},
-        {"Modifier l'icône", Qt::CTRL | Qt::Key_I, B::Document, 16, nullptr, true, 1, "insert-image"},
-        {"Renommer le dossier", QKeyCombination(Qt::Key_F2), B::Dossier, 14, nullptr, true, 1, "group-edit"},
-        {"Nouveau document", Qt::CTRL | Qt::Key_N, B::Ligne, 11, nullptr, true, 2, "document-new"},
-        {"Nouveau dossier", Qt::CTRL | Qt::SHIFT | Qt::Key_N, B::Rien, 10, nullptr, true, 2, "folder-new"},
-        {"Supprimer le document", QKeyCombination(Qt::Key_Delete), B::Document, 13, nullptr, true, 3, "edit-delete"},
-        {"Supprimer le dossier", QKeyCombination(Qt::Key_Delete), B::Dossier, 12, nullptr, true, 3, "group-delete"},
-        {"Afficher ou masquer les mots de passe", Qt::CTRL | Qt::Key_H, B::Rien, -1, &frmMain::basculerMotsDePasse, false, 4},
-        {"Rechercher", Qt::CTRL | Qt::Key_F, B::Rien, 5, nullptr, false, 4},
-        {"Options", Qt::CTRL | Qt::Key_Comma, B::Rien, 6, nullptr, false, 4},
-        {"Aide", QKeyCombination(Qt::Key_F1), B::Rien, 7, nullptr, false, 4},
-        {"A propos", Qt::CTRL | Qt::SHIFT | Qt::Key_A, B::Rien, 8, nullptr, false, 4},
-        {"Ouvrir une base", Qt::CTRL | Qt::Key_O, B::Rien, 1, nullptr, false, 5},
-        {"Enregistrer la base sous", Qt::CTRL | Qt::SHIFT | Qt::Key_S, B::Rien, 2, nullptr, false, 5},
-        {"Changer de compte", Qt::CTRL | Qt::Key_W, B::Rien, 9, nullptr, false, 5},
-        {"Créer un nouveau compte", Qt::CTRL | Qt::ALT | Qt::Key_N, B::Rien, 0, nullptr, false, 5},
-        {"Modifier le mot de passe du compte", Qt::CTRL | Qt::SHIFT | Qt::Key_P, B::Rien, 4, nullptr, false, 5},
-        {"Quitter", Qt::CTRL | Qt::Key_Q, B::Rien, -1, &frmMain::quitter, false, 5},
+        {"Copier le mot de passe", Qt::CTRL | Qt::Key_C, B::Document, kDocument, N::Aucun, &frmMain::copierMotDePasse, true, 0, "edit-copy"},
+        {"Copier le login", Qt::CTRL | Qt::Key_B, B::Document, kDocument, N::Aucun, &frmMain::copierLogin, true, 0, "edit-copy"},
+        {"Copier l'URL", Qt::CTRL | Qt::SHIFT | Qt::Key_U, B::Document, kDocument, N::Aucun, &frmMain::copierUrl, true, 0, "edit-copy"},
+        {"Ouvrir l'URL", Qt::CTRL | Qt::Key_U, B::Document, kDocument, N::Aucun, &frmMain::ouvrirUrl, true, 0, "globe"},
+        {"Modifier le document", frmMain::kToucheFormulaire, B::Document, kDocument, N::Aucun, &frmMain::modifierDocument, true, 1,
+         "document-properties"},
+        {"Modifier dans la grille", QKeyCombination(Qt::Key_F2), B::Document, "Sélectionnez d'abord le document à modifier.",
+         N::EditerDocument, &frmMain::modifierDansLaGrille, true, 1, "document-edit-sign"},
+        {"Modifier l'icône", Qt::CTRL | Qt::Key_I, B::Document, "Sélectionnez d'abord le document dont vous voulez changer l'icône.",
+         N::ModifierIcone, &frmMain::changerIcone, true, 1, "insert-image"},
+        {"Renommer le dossier", QKeyCombination(Qt::Key_F2), B::Dossier, "Sélectionnez d'abord le dossier à renommer.",
+         N::RenommerDossier, &frmMain::renommerDossier, true, 1, "group-edit"},
+        {"Nouveau document", Qt::CTRL | Qt::Key_N, B::Ligne, "Sélectionnez d'abord le dossier qui recevra le nouveau document.",
+         N::NouveauDocument, &frmMain::nouveauDocument, true, 2, "document-new"},
+        {"Nouveau dossier", Qt::CTRL | Qt::SHIFT | Qt::Key_N, B::Rien, nullptr, N::NouveauDossier, &frmMain::nouveauDossier, true, 2,
+         "folder-new"},
+        {"Supprimer le document", QKeyCombination(Qt::Key_Delete), B::Document, "Sélectionnez d'abord le document à supprimer.",
+         N::SupprimerDocument, &frmMain::supprimerDocument, true, 3, "edit-delete"},
+        {"Supprimer le dossier", QKeyCombination(Qt::Key_Delete), B::Dossier, "Sélectionnez d'abord le dossier à supprimer.",
+         N::SupprimerDossier, &frmMain::supprimerDossier, true, 3, "group-delete"},
+        {"Afficher ou masquer les mots de passe", Qt::CTRL | Qt::Key_H, B::Rien, nullptr, N::Aucun, &frmMain::basculerMotsDePasse, false, 4},
+        {"Rechercher", Qt::CTRL | Qt::Key_F, B::Rien, nullptr, N::Rechercher, &frmMain::rechercher, false, 4},
+        {"Options", Qt::CTRL | Qt::Key_Comma, B::Rien, nullptr, N::Options, &frmMain::ouvrirOptions, false, 4},
+        {"Aide", QKeyCombination(Qt::Key_F1), B::Rien, nullptr, N::Aide, &frmMain::afficherAide, false, 4},
+        {"A propos", Qt::CTRL | Qt::SHIFT | Qt::Key_A, B::Rien, nullptr, N::APropos, &frmMain::aPropos, false, 4},
+        {"Ouvrir une base", Qt::CTRL | Qt::Key_O, B::Rien, nullptr, N::OuvrirBase, &frmMain::ouvrirBase, false, 5},
+        {"Enregistrer la base sous", Qt::CTRL | Qt::SHIFT | Qt::Key_S, B::Rien, nullptr, N::EnregistrerBase, &frmMain::enregistrerBaseSous,
+         false, 5},
+        {"Changer de compte", Qt::CTRL | Qt::Key_W, B::Rien, nullptr, N::ChangerCompte, &frmMain::changerCompte, false, 5},
+        {"Créer un nouveau compte", Qt::CTRL | Qt::ALT | Qt::Key_N, B::Rien, nullptr, N::NouveauCompte, &frmMain::nouveauCompte, false, 5},
+        {"Modifier le mot de passe du compte", Qt::CTRL | Qt::SHIFT | Qt::Key_P, B::Rien, nullptr, N::ModifierMotDePasse,
+         &frmMain::modifierMotDePasseCompte, false, 5},
+        {"Quitter", Qt::CTRL | Qt::Key_Q, B::Rien, nullptr, N::Aucun, &frmMain::quitter, false, 5},
     };
     return kCommandes;
+}
+
+const frmMain::Commande *frmMain::commandeDuBouton(int index) {
+    for (const Commande &c : commandes())
+        if (c.bouton == index) return &c;
+    return nullptr;  // the hidden export button
 }
 
 QString frmMain::texteTouches(QKeyCombination touches) { return QKeySequence(touches).toString(QKeySequence::NativeText); }
@@ -64,7 +81,7 @@ QString frmMain::texteTouches(QKeyCombination touches) { return QKeySequence(tou
 void frmMain::installerCommandes() {
     QList<QKeyCombination> faites;
     for (const Commande &c : commandes()) {
-        if (c.bouton >= 0 && !Boutons[c.bouton]->toolTip().contains(u'('))
+        if (c.bouton != Bouton::Aucun && !Boutons[c.bouton]->toolTip().contains(u'('))
             Boutons[c.bouton]->setToolTip(Boutons[c.bouton]->toolTip() + QStringLiteral(" (") + texteTouches(c.touches) + u')');
         if (faites.contains(c.touches)) continue;
         faites << c.touches;
@@ -122,19 +139,19 @@ void frmMain::executerTouche(QKeyCombination touches) {
 }
 
 void frmMain::lancer(const Commande &c) {
-    if (c.bouton >= 0) {
+    if (c.bouton != Bouton::Aucun) {
         declencher(c.bouton);
         return;
     }
-    if (!convient(c.besoin, selectionActuelle())) {
-        Messages::information(QStringLiteral("Sélectionnez d'abord un document."));
+    if (const QString manque = selectionManquante(&c); !manque.isEmpty()) {
+        Messages::information(manque);
         return;
     }
     (this->*c.action)();
 }
 
 void frmMain::menuLigne(const QPoint &position) {
-    if (!fermerSaisie()) return;
+    if (!Edition->fermerSaisie()) return;
     const Besoin selection = selectionActuelle();
     if (selection == Besoin::Rien) return;
     QMenu menu(this);
@@ -150,7 +167,7 @@ void frmMain::menuLigne(const QPoint &position) {
         a->setShortcutVisibleInContextMenu(true);
         a->setData(int(&c - commandes().data()));
         // A folder that still holds documents can't be deleted: shown, but not offered.
-        if (c.bouton >= 0) a->setEnabled(Boutons[c.bouton]->isEnabled());
+        if (c.bouton != Bouton::Aucun) a->setEnabled(Boutons[c.bouton]->isEnabled());
     }
     const QAction *choisie = menu.exec(position);
     if (choisie) lancer(commandes()[size_t(choisie->data().toInt())]);
@@ -158,7 +175,7 @@ void frmMain::menuLigne(const QPoint &position) {
 
 void frmMain::copierChamp(int colonne, bool secret, const QString &copie, const QString &vide) {
     const int r = MG->LigneCourante;
-    const QString titre = MG->GetColumnInfos(r, kColonneTitre).trimmed();
+    const QString titre = MG->GetColumnInfos(r, Colonne::Titre).trimmed();
     const QString texte = MG->GetColumnInfos(r, colonne);
     if (texte.isEmpty()) {
         Messages::information(vide.arg(titre));
@@ -170,25 +187,25 @@ void frmMain::copierChamp(int colonne, bool secret, const QString &copie, const 
 }
 
 void frmMain::copierMotDePasse() {
-    copierChamp(MyCoolGrid::kColonneMotDePasse, true, QStringLiteral("Mot de passe de « %1 » copié"),
+    copierChamp(Colonne::MotDePasse, true, QStringLiteral("Mot de passe de « %1 » copié"),
                 QStringLiteral("Le document « %1 » n'a pas de mot de passe : rien n'a été copié."));
 }
 
 void frmMain::copierLogin() {
-    copierChamp(kColonneLogin, false, QStringLiteral("Login de « %1 » copié"),
+    copierChamp(Colonne::Login, false, QStringLiteral("Login de « %1 » copié"),
                 QStringLiteral("Le document « %1 » n'a pas de login : rien n'a été copié."));
 }
 
 void frmMain::copierUrl() {
-    copierChamp(kColonneUrl, false, QStringLiteral("URL de « %1 » copiée"),
+    copierChamp(Colonne::Url, false, QStringLiteral("URL de « %1 » copiée"),
                 QStringLiteral("Le document « %1 » n'a pas d'URL : rien n'a été copié."));
 }
 
 void frmMain::ouvrirUrl() {
-    if (!fermerSaisie()) return;
+    if (!Edition->fermerSaisie()) return;
     const int r = MG->LigneCourante;
-    const QString titre = MG->GetColumnInfos(r, kColonneTitre).trimmed();
-    const QUrl adresse = AdresseWeb::pourNavigateur(MG->GetColumnInfos(r, kColonneUrl));
+    const QString titre = MG->GetColumnInfos(r, Colonne::Titre).trimmed();
+    const QUrl adresse = AdresseWeb::pourNavigateur(MG->GetColumnInfos(r, Colonne::Url));
     if (adresse.isEmpty()) {
         Messages::information(QStringLiteral("Le document « %1 » n'a pas d'URL à ouvrir.").arg(titre));
         return;

@@ -2,8 +2,10 @@
 
 #include "frmMain.h"
 
-#include "workspace/Chargement.h"
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
+#include "workspace/Chargement.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "store/Base.h"
 #include "store/Chemins.h"
 #include "store/CopieBase.h"
@@ -25,41 +27,48 @@
 #include <QUrl>
 #include <QTextBrowser>
 
+namespace {
+const QString kDossierNonVide =
+    QStringLiteral("Ce dossier contient encore des documents : seul un dossier vide peut être supprimé.");
+// The buttons that act on the selected document.
+constexpr Bouton::Numero kBoutonsDocument[] = {Bouton::SupprimerDocument, Bouton::EditerDocument, Bouton::ModifierIcone};
+}  // namespace
+
 void frmMain::clicGrille() {
-    Boutons[10]->setEnabled(true);
-    Boutons[11]->setEnabled(true);
-    if (SaisieVisible) {
-        Boutons[15]->relacher();
+    Boutons[Bouton::NouveauDossier]->setEnabled(true);
+    Boutons[Bouton::NouveauDocument]->setEnabled(true);
+    if (Edition->SaisieVisible) {
+        Boutons[Bouton::EditerDocument]->relacher();
         MG->Redraw(false);
-        RendreSaisieVisible(false, 1, 0);
-        RendreSaisieVisibleCalendrier(false);
+        Edition->RendreSaisieVisible(false, 1, 0);
+        Edition->RendreSaisieVisibleCalendrier(false);
     }
     const int r = MG->LigneCourante;
     // Remembered by its keys, so that a reload finds it again wherever its row went.
-    selection_ = {r >= 2, MG->IsLigneParent(r), MG->GetColumnInfos(r, 17), MG->GetColumnInfos(r, 16),
-                  MG->GetColumnInfos(r, Def::kColonneRowid)};
+    selection_ = {r >= 2, MG->IsLigneParent(r), MG->GetColumnInfos(r, Colonne::NumDossier), MG->GetColumnInfos(r, Colonne::NumDocument),
+                  MG->GetColumnInfos(r, Colonne::Rowid)};
     if (MG->IsLigneParent(r)) {
-        EnteteB->definirTexte(QStringLiteral("   ") + Chaine(123) + QStringLiteral(" : ") + MG->GetColumnInfos(r, 2));
-        NomDossierCourant = MG->GetColumnInfos(r, 2);
+        EnteteB->definirTexte(QStringLiteral("   ") + Chaine(123) + QStringLiteral(" : ") + MG->GetColumnInfos(r, Colonne::Nom));
+        NomDossierCourant = MG->GetColumnInfos(r, Colonne::Nom);
         InfoEntete = EnteteB->texte();
-        for (int i : {13, 15, 16}) Boutons[i]->setEnabled(false);
+        for (int i : kBoutonsDocument) Boutons[i]->setEnabled(false);
         if (r <= 1) {
-            Boutons[12]->setEnabled(false);
-            Boutons[14]->setEnabled(false);
+            Boutons[Bouton::SupprimerDossier]->setEnabled(false);
+            Boutons[Bouton::RenommerDossier]->setEnabled(false);
         } else {
-            Boutons[14]->setEnabled(true);
+            Boutons[Bouton::RenommerDossier]->setEnabled(true);
             // Only an empty folder may be deleted.
-            Boutons[12]->setEnabled(!MG->HasLigneFils(r));
+            Boutons[Bouton::SupprimerDossier]->setEnabled(!MG->HasLigneFils(r));
         }
     } else {
-        Boutons[12]->setEnabled(false);
-        Boutons[14]->setEnabled(false);
-        for (int i : {13, 15, 16}) Boutons[i]->setEnabled(true);
+        Boutons[Bouton::SupprimerDossier]->setEnabled(false);
+        Boutons[Bouton::RenommerDossier]->setEnabled(false);
+        for (int i : kBoutonsDocument) Boutons[i]->setEnabled(true);
     }
 
     if (MG->IsLigneParent(r)) {
-        if (SaisieVisible) RendreSaisieVisible(false, 1, 0);
-        RendreSaisieVisibleCalendrier(false);
+        if (Edition->SaisieVisible) Edition->RendreSaisieVisible(false, 1, 0);
+        Edition->RendreSaisieVisibleCalendrier(false);
         LigneDocument = 9999;
         return;
     }
@@ -72,21 +81,21 @@ void frmMain::ecrireBandeDocument(int r) {
     int i = r;
     while (i >= 1 && !MG->IsLigneParent(i)) --i;
     if (i < 1) return;
-    QString bande = QStringLiteral("   ") + Chaine(123) + QStringLiteral(" : ") + MG->GetColumnInfos(i, 2);
-    NomDossierCourant = MG->GetColumnInfos(i, 2);
-    bande += QStringLiteral(" - ") + QStringLiteral(" ") + Chaine(124) + QStringLiteral(" : ") + MG->GetColumnInfos(r, 3);
+    QString bande = QStringLiteral("   ") + Chaine(123) + QStringLiteral(" : ") + MG->GetColumnInfos(i, Colonne::Nom);
+    NomDossierCourant = MG->GetColumnInfos(i, Colonne::Nom);
+    bande += QStringLiteral(" - ") + QStringLiteral(" ") + Chaine(124) + QStringLiteral(" : ") + MG->GetColumnInfos(r, Colonne::Titre);
     EnteteB->definirTexte(bande);
     InfoEntete = bande;
 }
 
 void frmMain::clicBouton(int index) {
-    RendreSaisieVisibleCalendrier(false);
+    Edition->RendreSaisieVisibleCalendrier(false);
     BoutonImage *b = Boutons[index];
     if (!b->estEnfonce()) {
         // The click released the button: a released editing button still opens the boxes.
-        if (Boutons[15]->estEnfonce() && MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
-            RendreSaisieVisible(true, 1, 0);
-            RendreSaisieVisibleCalendrier(false);
+        if (Boutons[Bouton::EditerDocument]->estEnfonce() && MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
+            Edition->RendreSaisieVisible(true, 1, 0);
+            Edition->RendreSaisieVisibleCalendrier(false);
         }
         b->relacher();
         return;
@@ -94,11 +103,12 @@ void frmMain::clicBouton(int index) {
     WB->hide();
     // Every command ends an open edit first, storing what was typed; a value that
     // can't be stored keeps the edit open and the command waits.
-    if (const QString manque = selectionManquante(index); !manque.isEmpty()) {
+    const Commande *c = commandeDuBouton(index);
+    if (const QString manque = selectionManquante(c); !manque.isEmpty()) {
         Messages::information(manque);
-    } else if (fermerSaisie()) {
+    } else if (Edition->fermerSaisie()) {
         try {
-            commande(index);
+            if (c) (this->*c->action)();
         } catch (const Base::ErreurBase &e) {
             // One message for one failed command: the grid is read again to show what the
             // base holds, and a base that can't be read was just named in that message.
@@ -113,38 +123,14 @@ void frmMain::clicBouton(int index) {
     garderEnfonce_ = false;
 }
 
-QString frmMain::selectionManquante(int index) const {
-    const int r = MG->LigneCourante;
-    const bool ligne = selection_.valide && r >= 2 && MG->cellules().existe(r);
-    const bool dossier = ligne && MG->IsLigneParent(r);
-    const bool document = ligne && !dossier;
-    switch (index) {
-    case 11:
-        return ligne ? QString() : QStringLiteral("Sélectionnez d'abord le dossier qui recevra le nouveau document.");
-    case 12:
-        return dossier ? QString() : QStringLiteral("Sélectionnez d'abord le dossier à supprimer.");
-    case 14:
-        return dossier ? QString() : QStringLiteral("Sélectionnez d'abord le dossier à renommer.");
-    case 13:
-        return document ? QString() : QStringLiteral("Sélectionnez d'abord le document à supprimer.");
-    case 15:
-        return document ? QString() : QStringLiteral("Sélectionnez d'abord le document à modifier.");
-    case 16:
-        return document ? QString() : QStringLiteral("Sélectionnez d'abord le document dont vous voulez changer l'icône.");
-    default:
-        return {};
-    }
+QString frmMain::selectionManquante(const Commande *c) const {
+    return c && !convient(c->besoin, selectionActuelle()) ? QString::fromUtf8(c->manque) : QString();
 }
-
-namespace {
-const QString kDossierNonVide =
-    QStringLiteral("Ce dossier contient encore des documents : seul un dossier vide peut être supprimé.");
-}  // namespace
 
 void frmMain::declencher(int index) {
     BoutonImage *b = Boutons[index];
     if (!b->isEnabled()) {
-        const QString manque = selectionManquante(index);
+        const QString manque = selectionManquante(commandeDuBouton(index));
         Messages::information(manque.isEmpty() ? kDossierNonVide : manque);
         return;
     }
@@ -154,7 +140,7 @@ void frmMain::declencher(int index) {
 
 void frmMain::supprimerSelection() {
     const int r = MG->LigneCourante;
-    declencher(r >= 2 && MG->IsLigneParent(r) ? 12 : 13);
+    declencher(r >= 2 && MG->IsLigneParent(r) ? Bouton::SupprimerDossier : Bouton::SupprimerDocument);
 }
 
 void frmMain::restaurerSelection() {
@@ -193,141 +179,140 @@ void frmMain::effacerSelection() {
     NomDossierCourant.clear();
     InfoEntete.clear();
     EnteteB->definirTexte(QString());
-    for (int i = 10; i <= 16; ++i) Boutons[i]->setEnabled(true);
+    for (int i = Bouton::NouveauDossier; i <= Bouton::ModifierIcone; ++i) Boutons[i]->setEnabled(true);
 }
 
-void frmMain::commande(int index) {
-    switch (index) {
-    case 10:
-        ouvrirDialogueDossier(QString(), QString::number(ChercherNouveauNumDossier()));
-        MG->Redraw(true);
-        break;
-    case 14:
-        ouvrirDialogueDossier(NomDossierCourant.trimmed(), MG->GetColumnInfos(MG->LigneCourante, 17));
-        MG->Redraw(true);
-        break;
-    case 11:
-        ouvrirDialogueDocument(NomDossierCourant.trimmed());
-        MG->Redraw(true);
-        break;
-    case 12: {
-        const int ligne = MG->LigneCourante;
-        // Asked again of the grid, whatever the buttons say: a folder that holds
-        // documents is never deleted.
-        if (MG->HasLigneFils(ligne)) {
-            Messages::information(kDossierNonVide);
-            return;
-        }
-        if (!Messages::question(Chaine(140))) return;
-        bool ok = false;
-        const int num = MG->GetColumnInfos(ligne, 17).toInt(&ok);
-        if (!ok) return;
-        SupprimerDossier(num);
-        dossierSupprime(ligne);
-        break;
+void frmMain::nouveauDossier() {
+    ouvrirDialogueDossier(QString(), QString::number(ChercherNouveauNumDossier()));
+    MG->Redraw(true);
+}
+
+void frmMain::renommerDossier() {
+    ouvrirDialogueDossier(NomDossierCourant.trimmed(), MG->GetColumnInfos(MG->LigneCourante, Colonne::NumDossier));
+    MG->Redraw(true);
+}
+
+void frmMain::nouveauDocument() {
+    ouvrirDialogueDocument(NomDossierCourant.trimmed());
+    MG->Redraw(true);
+}
+
+void frmMain::supprimerDossier() {
+    const int ligne = MG->LigneCourante;
+    // Asked again of the grid, whatever the buttons say: a folder that holds
+    // documents is never deleted.
+    if (MG->HasLigneFils(ligne)) {
+        Messages::information(kDossierNonVide);
+        return;
     }
-    case 13: {
-        if (!Messages::question(Chaine(141))) return;
-        const int ligne = MG->LigneCourante;
-        // The store reads the row's keys from the grid: it goes before the row does.
-        SupprimerDocument();
-        documentSupprime(ligne);
-        RendreSaisieVisible(false, 1, 0);
-        RendreSaisieVisibleCalendrier(false);
-        break;
+    if (!Messages::question(Chaine(140))) return;
+    bool ok = false;
+    const int num = MG->GetColumnInfos(ligne, Colonne::NumDossier).toInt(&ok);
+    if (!ok) return;
+    SupprimerDossier(num);
+    dossierSupprime(ligne);
+}
+
+void frmMain::supprimerDocument() {
+    if (!Messages::question(Chaine(141))) return;
+    const int ligne = MG->LigneCourante;
+    // The store reads the row's keys from the grid: it goes before the row does.
+    SupprimerDocument();
+    documentSupprime(ligne);
+    Edition->RendreSaisieVisible(false, 1, 0);
+    Edition->RendreSaisieVisibleCalendrier(false);
+}
+
+void frmMain::modifierDansLaGrille() {
+    if (MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
+        if (!montrerDocumentCourant()) return;
+        MG->rendreVisible(MG->LigneCourante);
+        Edition->RendreSaisieVisible(true, 1, 0);
+        Edition->RendreSaisieVisibleCalendrier(false);
+        if (Edition->Saisie[Colonne::Titre] && Edition->Saisie[Colonne::Titre]->isVisible()) Edition->Saisie[Colonne::Titre]->setFocus();
     }
-    case 16:
-        changerIcone();
-        break;
-    case 15:
-        if (MG->LigneCourante >= 2 && !MG->IsLigneParent(MG->LigneCourante)) {
-            if (!montrerDocumentCourant()) return;
-            MG->rendreVisible(MG->LigneCourante);
-            RendreSaisieVisible(true, 1, 0);
-            RendreSaisieVisibleCalendrier(false);
-            if (Saisie[3] && Saisie[3]->isVisible()) Saisie[3]->setFocus();
-        }
-        break;
-    case 0:
-    case 9:
-        // Back to the login, to create an account (1) or choose another (2).
-        Session::ModeLogin = index == 0 ? 1 : 2;
-        Boutons[index]->relacher();
-        emit loginDemande();
-        break;
-    case 1: {
-        // The copy kept of the base before is listed too: it is the way back after a bad choice.
-        const QString chemin = ChoixFichier::ouvrir(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx *.kvx.bak"));
-        if (chemin.isEmpty()) {
-            garderEnfonce_ = true;
-            return;
-        }
-        // Told before anything happens; either answer goes on, the file is checked first.
-        const bool autre = !CopieBase::memeFichier(chemin, Chemins::cheminBase());
-        QString raison;
-        if (autre && !Base::estBaseKorvane(chemin, &raison)) {
-            Messages::information(raison + QStringLiteral("\nLa base actuelle n'a pas été modifiée."));
-            return;
-        }
-        Messages::question(Chaine(138) + QStringLiteral("\r\n") + Chaine(139));
-        Boutons[1]->relacher();
-        if (autre) {
-            CopieBase::remplacer(chemin);
-            Session::fermerApresRemplacement();
-        } else {
-            Session::ModeLogin = 2;
-        }
-        emit loginDemande();
-        break;
+}
+
+// Back to the login, to create an account or choose another.
+void frmMain::nouveauCompte() {
+    Session::ModeLogin = Session::Mode::NouveauCompte;
+    Boutons[Bouton::NouveauCompte]->relacher();
+    emit loginDemande();
+}
+
+void frmMain::changerCompte() {
+    Session::ModeLogin = Session::Mode::AutreCompte;
+    Boutons[Bouton::ChangerCompte]->relacher();
+    emit loginDemande();
+}
+
+void frmMain::ouvrirBase() {
+    // The copy kept of the base before is listed too: it is the way back after a bad choice.
+    const QString chemin = ChoixFichier::ouvrir(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx *.kvx.bak"));
+    if (chemin.isEmpty()) {
+        garderEnfonce_ = true;
+        return;
     }
-    case 2: {
-        const QString chemin = ChoixFichier::enregistrer(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx"));
-        if (chemin.isEmpty()) return;
-        CopieBase::copier(chemin);
-        Messages::information(Chaine(142));
-        break;
+    // Told before anything happens; either answer goes on, the file is checked first.
+    const bool autre = !CopieBase::memeFichier(chemin, Chemins::cheminBase());
+    QString raison;
+    if (autre && !Base::estBaseKorvane(chemin, &raison)) {
+        Messages::information(raison + QStringLiteral("\nLa base actuelle n'a pas été modifiée."));
+        return;
     }
-    case 5: {
-        FrmRecherche recherche(this, MG);
-        montrerModal(recherche);
-        break;
+    Messages::question(Chaine(138) + QStringLiteral("\r\n") + Chaine(139));
+    Boutons[Bouton::OuvrirBase]->relacher();
+    if (autre) {
+        CopieBase::remplacer(chemin);
+        Session::fermerApresRemplacement();
+    } else {
+        Session::ModeLogin = Session::Mode::AutreCompte;
     }
-    case 6: {
-        // Made at the first opening and kept: a second opening finds it as it was left.
-        if (!options_) {
-            options_ = new FrmOptions(this, MG, &imgCONTENU);
-            connect(options_, &FrmOptions::iconesModifiees, this, [] { FrmPop::IconesModifiees = true; });
-        }
-        montrerModal(*options_);
-        break;
+    emit loginDemande();
+}
+
+void frmMain::enregistrerBaseSous() {
+    const QString chemin = ChoixFichier::enregistrer(this, Chaine(961) + Messages::kTitre, QStringLiteral("*.kvx"));
+    if (chemin.isEmpty()) return;
+    CopieBase::copier(chemin);
+    Messages::information(Chaine(142));
+}
+
+void frmMain::rechercher() {
+    FrmRecherche recherche(this, MG);
+    montrerModal(recherche);
+}
+
+void frmMain::ouvrirOptions() {
+    // Made at the first opening and kept: a second opening finds it as it was left.
+    if (!options_) {
+        options_ = new FrmOptions(this, MG, &imgCONTENU);
+        connect(options_, &FrmOptions::iconesModifiees, this, [] { FrmPop::IconesModifiees = true; });
     }
-    case 7: {
-        const QString index = QDir(Chemins::dossierAide()).filePath(QStringLiteral("index.htm"));
-        if (!QFileInfo::exists(index)) {
-            Messages::information(QStringLiteral("Les pages d'aide sont introuvables : le dossier « Aide » manque dans %1.")
-                                      .arg(QDir::toNativeSeparators(QFileInfo(Chemins::dossierAide()).absolutePath())));
-            return;
-        }
-        // Over the grid until the next command; a second click reloads it.
-        WB->setSource(QUrl::fromLocalFile(index));
-        WB->reload();
-        WB->show();
-        WB->raise();
-        WB->setFocus();
-        break;
+    montrerModal(*options_);
+}
+
+void frmMain::afficherAide() {
+    const QString index = QDir(Chemins::dossierAide()).filePath(QStringLiteral("index.htm"));
+    if (!QFileInfo::exists(index)) {
+        Messages::information(QStringLiteral("Les pages d'aide sont introuvables : le dossier « Aide » manque dans %1.")
+                                  .arg(QDir::toNativeSeparators(QFileInfo(Chemins::dossierAide()).absolutePath())));
+        return;
     }
-    case 8: {
-        FrmAP apropos(this, MG);
-        montrerModal(apropos);
-        break;
-    }
-    case 4: {
-        FrmModifLogin modification(this);
-        montrerModal(modification);
-        break;
-    }
-    default:
-        // The other commands of the base and the icons come with their windows.
-        break;
-    }
+    // Over the grid until the next command; a second click reloads it.
+    WB->setSource(QUrl::fromLocalFile(index));
+    WB->reload();
+    WB->show();
+    WB->raise();
+    WB->setFocus();
+}
+
+void frmMain::aPropos() {
+    FrmAP apropos(this, MG);
+    montrerModal(apropos);
+}
+
+void frmMain::modifierMotDePasseCompte() {
+    FrmModifLogin modification(this);
+    montrerModal(modification);
 }

@@ -2,10 +2,12 @@
 
 #include "frmMain.h"
 
-#include "workspace/Chargement.h"
 #include "dialogs/fenetres/FrmAjoutDoc.h"
 #include "dialogs/fenetres/FrmAjoutDossier.h"
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
+#include "workspace/Chargement.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "store/Base.h"
 #include "store/Def.h"
 #include "store/Session.h"
@@ -31,31 +33,31 @@ void frmMain::ouvrirDialogueDossier(const QString &nom, const QString &numero) {
 
 void frmMain::ouvrirDialogueDocument(const QString &dossier) {
     FrmAjoutDoc dialogue(this, MG);
-    dialogue.L[2]->setText(dossier);
+    dialogue.L[FrmAjoutDoc::LibelleNomDossier]->setText(dossier);
     montrerDialogueDocument(dialogue);
 }
 
 void frmMain::modifierDocument() {
     const int ligne = MG->LigneCourante;
-    if (const QString manque = selectionManquante(15); !manque.isEmpty()) {
+    if (const QString manque = selectionManquante(commandeDuBouton(Bouton::EditerDocument)); !manque.isEmpty()) {
         Messages::information(manque);
         return;
     }
     // What was typed in the row's boxes goes to the form, where every character is kept.
     QList<QPair<int, QString>> tapes;
-    if (SaisieVisible) {
-        for (int i = 3; i <= 10; ++i)
-            if (Saisie[i]->isModified() && Saisie[i]->text() != MG->GetColumnInfos(ligne, i)) tapes.append({i, Saisie[i]->text()});
-        annulerSaisie();
+    if (Edition->SaisieVisible) {
+        for (int i = Colonne::PremierChamp; i <= Colonne::DernierChamp; ++i)
+            if (Edition->Saisie[i]->isModified() && Edition->Saisie[i]->text() != MG->GetColumnInfos(ligne, i)) tapes.append({i, Edition->Saisie[i]->text()});
+        Edition->annulerSaisie();
     }
     WB->hide();
     Chargement::Document doc;
     bool lu = false;
     try {
         // Read from the base, where every field is, whatever the grid shows of it.
-        lu = Chargement::lireDocument(Session::NumCompteCourant, MG->GetColumnInfos(ligne, Def::kColonneRowid).toLongLong(), doc) &&
-             doc.num == MG->GetColumnInfos(ligne, Def::kColonneNumDocument) &&
-             doc.dossier == MG->GetColumnInfos(ligne, Def::kColonneNumDossier);
+        lu = Chargement::lireDocument(Session::NumCompteCourant, MG->GetColumnInfos(ligne, Colonne::Rowid).toLongLong(), doc) &&
+             doc.num == MG->GetColumnInfos(ligne, Colonne::NumDocument) &&
+             doc.dossier == MG->GetColumnInfos(ligne, Colonne::NumDossier);
     } catch (const Base::ErreurBase &e) {
         Messages::information(e.message());
         return;
@@ -68,7 +70,7 @@ void frmMain::modifierDocument() {
         return;
     }
     FrmAjoutDoc dialogue(this, MG);
-    dialogue.L[2]->setText(NomDossierCourant.trimmed());
+    dialogue.L[FrmAjoutDoc::LibelleNomDossier]->setText(NomDossierCourant.trimmed());
     dialogue.modifier(doc.infos.mid(0, FrmAjoutDoc::kNbSaisies), doc.icone, QPixmap::fromImage(imgCONTENU.imageDeNum(doc.icone)));
     for (const auto &[indice, texte] : tapes) dialogue.definirTexte(indice - 3, texte);
     montrerDialogueDocument(dialogue);

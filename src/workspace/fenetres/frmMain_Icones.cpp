@@ -2,10 +2,12 @@
 
 #include "frmMain.h"
 
+#include "grid/Colonnes.h"
 #include "FrmPop.h"
-#include "dialogs/fenetres/FrmAP.h"
 #include "dialogs/fenetres/FrmAjoutDoc.h"
+#include "dialogs/fenetres/FrmAP.h"
 #include "grid/fenetres/MyCoolGrid.h"
+#include "workspace/fenetres/EditionEnPlace.h"
 #include "store/Base.h"
 #include "store/Def.h"
 #include "ui/fenetres/BoutonImage.h"
@@ -33,9 +35,9 @@ void frmMain::ouvrirIcones(const QPoint &position) {
 }
 
 void frmMain::changerIcone() {
-    if (!fermerSaisie()) return;
+    if (!Edition->fermerSaisie()) return;
     // Under the pointer when it is on the button, else under the button (the keyboard's way).
-    BoutonImage *bouton = Boutons[16];
+    BoutonImage *bouton = Boutons[Bouton::ModifierIcone];
     const QPoint curseur = QCursor::pos();
     const bool souris = bouton->rect().contains(bouton->mapFromGlobal(curseur));
     ouvrirIcones(souris ? curseur : bouton->mapToGlobal(QPoint(0, bouton->height())));
@@ -58,6 +60,6 @@ void frmMain::iconeChoisie(int num) {
         rechargerGrille();
         return;
     }
-    MG->SetColumnInfos(ligne, 13, QString::number(num));
+    MG->SetColumnInfos(ligne, Colonne::Numero, QString::number(num));
     MG->ReDessiner();
 }

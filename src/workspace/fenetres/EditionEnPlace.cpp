@@ -1,7 +1,6 @@
-// frmMain: editing a document in its own row, and the calendar of the two dates.
+#include "EditionEnPlace.h"
 
-#include "frmMain.h"
-
+#include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "store/Base.h"
 #include "store/Cryptage.h"
@@ -11,6 +10,7 @@
 #include "ui/fenetres/LimiteSaisie.h"
 #include "ui/fenetres/Messages.h"
 #include "ui/fenetres/SaisieSecrete.h"
+#include "workspace/fenetres/frmMain.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -22,17 +22,31 @@
 #include <QTimer>
 
 namespace {
-constexpr int kPremiereSaisie = 3;
-constexpr int kDerniereSaisie = 10;
-constexpr int kDateDebut = 8;
-constexpr int kDateFin = 9;
+constexpr int kPremiereSaisie = Colonne::PremierChamp;
+constexpr int kDerniereSaisie = Colonne::DernierChamp;
+constexpr int kDateDebut = Colonne::DateDebut;
+constexpr int kDateFin = Colonne::DateFin;
 
 bool estDate(int index) { return index == kDateDebut || index == kDateFin; }
 }  // namespace
 
-void frmMain::creerSaisies() {
+EditionEnPlace::EditionEnPlace(QWidget &fenetre, MyCoolGrid &grille, const int &ligneDocument)
+    : QObject(&fenetre), fenetre_(fenetre), MG(grille), LigneDocument(ligneDocument) {
+    PanCal = new PanneauImage(QStringLiteral("Fond"), PanneauImage::Mode::Mosaique, &fenetre);
+    PanCal->setObjectName(QStringLiteral("PanCal"));
+    PanCal->resize(270, 190);
+    PanCal->definirAlignementTexte(Qt::AlignTop | Qt::AlignLeft);
+    PanCal->definirCouleurTexte(Apparence::kEncre);
+    PanCal->definirCouleurFond(Apparence::kAmbre);
+    Calendrier = new QCalendarWidget(PanCal);
+    Calendriers::habiller(Calendrier);
+    Calendrier->setGeometry(1, 18, 268, 171);
+    PanCal->hide();
+}
+
+void EditionEnPlace::creerSaisies() {
     for (int i = 0; i < kNbSaisies; ++i) {
-        auto *s = new QLineEdit(this);
+        auto *s = new QLineEdit(&fenetre_);
         s->setObjectName(QStringLiteral("Saisie%1").arg(i));
         s->setFrame(false);
         // A document row is 16 pixels high: the box takes all of it for its text, the
@@ -46,44 +60,44 @@ void frmMain::creerSaisies() {
         LimiteSaisie::limiter(s, Def::kLongueurChamp / 3);
         Saisie[i] = s;
     }
-    SaisieSecrete::equiper(Saisie[MyCoolGrid::kColonneMotDePasse]);
+    SaisieSecrete::equiper(Saisie[Colonne::MotDePasse]);
     for (int i : {kDateDebut, kDateFin}) Saisie[i]->setPlaceholderText(QStringLiteral("jj/mm/aaaa"));
     connect(Calendrier, &QCalendarWidget::clicked, this, [this](QDate jour) { choisirDate(jour); });
     connect(Calendrier, &QCalendarWidget::activated, this, [this](QDate jour) { choisirDate(jour); });
     Calendriers::vueJours(Calendrier)->installEventFilter(this);
-    connect(MG->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { suivreDefilement(); });
+    connect(MG.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { suivreDefilement(); });
 }
 
-void frmMain::RendreSaisieVisible(bool visible, int init, int rang) {
+void EditionEnPlace::RendreSaisieVisible(bool visible, int init, int rang) {
     Q_UNUSED(rang);
     if (init == 0 && !Saisie[0]) creerSaisies();
-    MG->Redraw(false);
+    MG.Redraw(false);
     // The boxes show the row's cells: setting their text also marks them unchanged.
     for (int i = 0; i < kNbSaisies; ++i) {
         masquageSaisie_ = true;
-        Saisie[i]->setText(MG->GetColumnInfos(LigneDocument, i));
+        Saisie[i]->setText(MG.GetColumnInfos(LigneDocument, i));
         Saisie[i]->setCursorPosition(0);
         masquageSaisie_ = false;
     }
     // The password box shows what the grid shows; its eye shows it for this edit.
-    SaisieSecrete::montrer(Saisie[MyCoolGrid::kColonneMotDePasse], MG->motsDePasseVisibles());
+    SaisieSecrete::montrer(Saisie[Colonne::MotDePasse], MG.motsDePasseVisibles());
     placerSaisies(visible);
-    MG->Redraw(true);
+    MG.Redraw(true);
 }
 
-void frmMain::placerSaisies(bool visible) {
+void EditionEnPlace::placerSaisies(bool visible) {
     SaisieVisible = visible;
-    const int bord = MG->x() + MG->width();
-    int gauche = MG->x();
+    const int bord = MG.x() + MG.width();
+    int gauche = MG.x();
     for (int i = 0; i < kNbSaisies; ++i) {
         QLineEdit *s = Saisie[i];
         int w = 0, y = 0, h = 0;
-        MG->GetColumnInfos(LigneDocument, i, w, y, h);
+        MG.GetColumnInfos(LigneDocument, i, w, y, h);
         int largeur = qMax(0, w);
         const int hauteur = qMax(0, h);
         bool dedans = true;
         if (i == 0) {
-            gauche = MG->x();
+            gauche = MG.x();
             dedans = false;
         } else if (gauche + largeur >= bord) {
             // The box that crosses the grid's right edge is cut to fit; those beyond it stay hidden.
@@ -97,7 +111,7 @@ void frmMain::placerSaisies(bool visible) {
         s->setProperty("Tag", dedans ? QStringLiteral("V") : QString());
         // Hiding a box moves its focus: that is not the user leaving it.
         masquageSaisie_ = true;
-        s->setGeometry(gauche, MG->y() + y, largeur, hauteur);
+        s->setGeometry(gauche, MG.y() + y, largeur, hauteur);
         const bool montrer = dedans && visible && i >= kPremiereSaisie && hauteur > 0 && largeur > 0;
         s->setVisible(montrer);
         if (montrer) s->raise();
@@ -106,27 +120,27 @@ void frmMain::placerSaisies(bool visible) {
     }
 }
 
-void frmMain::RendreSaisieVisibleCalendrier(bool visible) {
+void EditionEnPlace::RendreSaisieVisibleCalendrier(bool visible) {
     PanCal->setVisible(visible);
     if (visible) PanCal->raise();
-    MG->Redraw(true);
+    MG.Redraw(true);
 }
 
-bool frmMain::fermerSaisie() {
+bool EditionEnPlace::fermerSaisie() {
     if (SaisieVisible && !enregistrerSaisies()) return false;
     RendreSaisieVisible(false, 1, 0);
     RendreSaisieVisibleCalendrier(false);
     return true;
 }
 
-void frmMain::annulerSaisie() {
+void EditionEnPlace::annulerSaisie() {
     // Refilled from the grid: what was not stored yet is dropped, the cells stay as they were.
     RendreSaisieVisible(false, 1, 0);
     RendreSaisieVisibleCalendrier(false);
-    MG->setFocus();
+    MG.setFocus();
 }
 
-bool frmMain::enregistrerSaisies() {
+bool EditionEnPlace::enregistrerSaisies() {
     for (int i = kPremiereSaisie; i <= kDerniereSaisie; ++i) {
         if (enregistrerSaisie(i)) continue;
         Saisie[i]->setFocus();
@@ -135,11 +149,11 @@ bool frmMain::enregistrerSaisies() {
     return true;
 }
 
-bool frmMain::enregistrerSaisie(int index) {
+bool EditionEnPlace::enregistrerSaisie(int index) {
     QLineEdit *s = Saisie[index];
-    const int ligne = MG->LigneCourante;
+    const int ligne = MG.LigneCourante;
     // Only what the user changed is written: an untouched field keeps its stored form.
-    if (!s->isModified() || s->text() == MG->GetColumnInfos(ligne, index)) {
+    if (!s->isModified() || s->text() == MG.GetColumnInfos(ligne, index)) {
         s->setModified(false);
         return true;
     }
@@ -163,7 +177,7 @@ bool frmMain::enregistrerSaisie(int index) {
     return ecrireChamp(index, texte);
 }
 
-bool frmMain::ecrireChamp(int index, const QString &texte) {
+bool EditionEnPlace::ecrireChamp(int index, const QString &texte) {
     try {
         MajChampDocument(index, CrypterChamp(texte));
     } catch (const Base::ErreurBase &e) {
@@ -171,15 +185,15 @@ bool frmMain::ecrireChamp(int index, const QString &texte) {
         Messages::information(e.message());
         return false;
     }
-    MG->MajColumnInfos(MG->LigneCourante, index, texte);
+    MG.MajColumnInfos(MG.LigneCourante, index, texte);
     QLineEdit *s = Saisie[index];
     if (s->text() != texte) s->setText(texte);
     s->setModified(false);
-    if (index == kPremiereSaisie) ecrireBandeDocument(MG->LigneCourante);
+    if (index == kPremiereSaisie) emit titreEcrit(MG.LigneCourante);
     return true;
 }
 
-void frmMain::entreeSaisie(int index) {
+void EditionEnPlace::entreeSaisie(int index) {
     if (!estDate(index)) {
         RendreSaisieVisibleCalendrier(false);
         return;
@@ -189,7 +203,7 @@ void frmMain::entreeSaisie(int index) {
     QLineEdit *s = Saisie[index];
     const int S = s->width(), P = PanCal->width();
     const int d = P - S > 0 ? (P - S) / 2 : (S - P) / 2;
-    PanCal->move(qBound(0, s->x() + S - P + d, qMax(0, width() - P)), qBound(0, s->y() + s->height(), qMax(0, height() - PanCal->height())));
+    PanCal->move(qBound(0, s->x() + S - P + d, qMax(0, fenetre_.width() - P)), qBound(0, s->y() + s->height(), qMax(0, fenetre_.height() - PanCal->height())));
     // An empty or unreadable date opens the calendar on today.
     const QDate date = Apparence::lireDate(s->text());
     Calendrier->setSelectedDate(date.isValid() ? date : QDate::currentDate());
@@ -197,7 +211,7 @@ void frmMain::entreeSaisie(int index) {
     RendreSaisieVisibleCalendrier(true);
 }
 
-void frmMain::revenirDuCalendrier(int index) {
+void EditionEnPlace::revenirDuCalendrier(int index) {
     RendreSaisieVisibleCalendrier(false);
     if (!estDate(index) || !Saisie[index]->isVisible()) return;
     retourCalendrier_ = true;
@@ -205,30 +219,30 @@ void frmMain::revenirDuCalendrier(int index) {
     retourCalendrier_ = false;
 }
 
-void frmMain::choisirDate(const QDate &jour) {
+void EditionEnPlace::choisirDate(const QDate &jour) {
     const int index = PanCal->property("Tag").toInt();
     if (!estDate(index) || !SaisieVisible) return;
     const QString texte = Apparence::ecrireDate(jour);
-    if (texte != MG->GetColumnInfos(MG->LigneCourante, index)) ecrireChamp(index, texte);
+    if (texte != MG.GetColumnInfos(MG.LigneCourante, index)) ecrireChamp(index, texte);
     revenirDuCalendrier(index);
 }
 
-void frmMain::suivreDefilement() {
+void EditionEnPlace::suivreDefilement() {
     if (!SaisieVisible) return;
     RendreSaisieVisibleCalendrier(false);
     int w = 0, y = 0, h = 0;
-    MG->GetColumnInfos(LigneDocument, kPremiereSaisie, w, y, h);
-    const QWidget *vue = MG->viewport();
-    if (y >= vue->y() + MG->hauteurEntetes() && y + h <= vue->y() + vue->height()) {
+    MG.GetColumnInfos(LigneDocument, kPremiereSaisie, w, y, h);
+    const QWidget *vue = MG.viewport();
+    if (y >= vue->y() + MG.hauteurEntetes() && y + h <= vue->y() + vue->height()) {
         placerSaisies(true);
         return;
     }
     // The row left the view: editing ends, storing what was typed. A value that
     // can't be stored brings the row back, with the box that holds it.
-    if (!fermerSaisie()) MG->rendreVisible(LigneDocument);
+    if (!fermerSaisie()) MG.rendreVisible(LigneDocument);
 }
 
-int frmMain::saisieVoisine(int index, int sens) const {
+int EditionEnPlace::saisieVoisine(int index, int sens) const {
     for (int n = 1; n < kNbSaisies; ++n) {
         const int i = kPremiereSaisie + ((index - kPremiereSaisie + sens * n) % 8 + 8) % 8;
         if (Saisie[i]->isVisible()) return i;
@@ -236,7 +250,7 @@ int frmMain::saisieVoisine(int index, int sens) const {
     return index;
 }
 
-bool frmMain::filtrerSaisie(QObject *objet, QEvent *evenement) {
+bool EditionEnPlace::eventFilter(QObject *objet, QEvent *evenement) {
     if (Calendrier && objet == Calendriers::vueJours(Calendrier) && evenement->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent *>(evenement)->key() == Qt::Key_Escape) {
         revenirDuCalendrier(PanCal->property("Tag").toInt());
@@ -255,7 +269,7 @@ bool frmMain::filtrerSaisie(QObject *objet, QEvent *evenement) {
         // a press in the grid stores the boxes itself, before it moves the selection;
         // the calendar serves the date box.
         if (raison == Qt::ActiveWindowFocusReason || raison == Qt::PopupFocusReason) break;
-        if (vers && ((raison == Qt::MouseFocusReason && MG->isAncestorOf(vers)) || PanCal->isAncestorOf(vers))) break;
+        if (vers && ((raison == Qt::MouseFocusReason && MG.isAncestorOf(vers)) || PanCal->isAncestorOf(vers))) break;
         if (!enregistrerSaisie(index)) {
             // The text stays in its box, and the box takes the keyboard back for correction.
             QLineEdit *s = Saisie[index];
@@ -269,14 +283,14 @@ bool frmMain::filtrerSaisie(QObject *objet, QEvent *evenement) {
     case QEvent::KeyPress: {
         const auto *touche = static_cast<QKeyEvent *>(evenement);
         // Before the box takes it as its own key: the form, with what the boxes hold.
-        if (touche->keyCombination() == kToucheFormulaire) {
-            modifierDocument();
+        if (touche->keyCombination() == frmMain::kToucheFormulaire) {
+            emit formulaireDemande();
             return true;
         }
         switch (touche->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (fermerSaisie()) MG->setFocus();
+            if (fermerSaisie()) MG.setFocus();
             return true;
         case Qt::Key_Escape:
             annulerSaisie();
