@@ -303,14 +303,14 @@ void frmMain::commande(int index) {
         break;
     }
     case 7: {
-        const QString index = QDir(Chemins::dossierAide()).filePath(QStringLiteral("index.htm"));
-        if (!QFileInfo::exists(index)) {
+        const QString sommaire = QDir(Chemins::dossierAide()).filePath(QStringLiteral("index.htm"));
+        if (!QFileInfo::exists(sommaire)) {
             Messages::information(QStringLiteral("Les pages d'aide sont introuvables : le dossier « Aide » manque dans %1.")
                                       .arg(QDir::toNativeSeparators(QFileInfo(Chemins::dossierAide()).absolutePath())));
             return;
         }
         // Over the grid until the next command; a second click reloads it.
-        WB->setSource(QUrl::fromLocalFile(index));
+        WB->setSource(QUrl::fromLocalFile(sommaire));
         WB->reload();
         WB->show();
         WB->raise();

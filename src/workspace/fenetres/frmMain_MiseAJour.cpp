@@ -108,8 +108,8 @@ void frmMain::dossierEcrit(qint64 rowid) {
     if (ligne >= 0) {
         MG->renommerParent(ligne, QStringLiteral(" ") + nom);
     } else {
-        QVariant cle = QString::number(num);
-        MG->AddParent(QStringLiteral(" ") + nom, cle);
+        QVariant cleDossier = QString::number(num);
+        MG->AddParent(QStringLiteral(" ") + nom, cleDossier);
         MG->definirRowid(MG->ligneParent(MG->nbParents() - 1), rowid);
     }
     MG->rangerDossiers(ordreDesDossiers(*MG));
