@@ -95,7 +95,7 @@ private slots:
         nouveauDocument(QStringLiteral("Compte"));
         // The newest first among equal titles.
         QCOMPARE(f->MG->vue(ligne(QStringLiteral("Compte")), 16),
-                 BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT max(Num) FROM Documents")).value(0));
+                 BaseSql::sql(QStringLiteral("SELECT max(Num) FROM Documents")).value(0));
         commeRecharge();
         // Into a closed folder, by the title's French order.
         choisir(QStringLiteral("école"));
