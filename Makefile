@@ -1,6 +1,9 @@
-# Korvane: make run | make test | make package | make install | make bench | make shots | make sanitize | make fuzz
+# Korvane: make run | make test | make package | make install | make bench | make shots | make sanitize | make tsan | make fuzz
 BUILD ?= build
 JOBS ?= $(shell nproc)
+# WERROR=ON (the CI build): every warning an error, with -Wshadow -Wold-style-cast
+# -Wnon-virtual-dtor -Woverloaded-virtual besides -Wall -Wextra.
+WERROR ?= OFF
 
 # Everything the build, the program and the tests need, from Debian's packages.
 PACKAGES := cmake make g++ pkg-config \
@@ -18,7 +21,7 @@ FUZZ_SECONDS ?= 120
 # make install: under PREFIX, or under DESTDIR/PREFIX for a staged tree.
 PREFIX ?= /usr/local
 
-.PHONY: all deps build run test package install bench shots sanitize fuzz clean
+.PHONY: all deps build run test package install bench shots sanitize tsan fuzz clean
 
 all: build
 
@@ -35,9 +38,10 @@ deps:
 	fi
 
 $(BUILD)/CMakeCache.txt:
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKORVANE_WERROR=$(WERROR)
 
 build: deps $(BUILD)/CMakeCache.txt
+	@grep -qx 'KORVANE_WERROR:BOOL=$(WERROR)' $(BUILD)/CMakeCache.txt || cmake -S . -B $(BUILD) -DKORVANE_WERROR=$(WERROR)
 	cmake --build $(BUILD) -j$(JOBS)
 
 run: build
@@ -60,11 +64,23 @@ shots: build
 	QT_QPA_PLATFORM=offscreen $(BUILD)/bin/korvane_shots $(BUILD)/shots
 	@ls $(BUILD)/shots
 
+# Leaks too: what the system's libraries keep for the life of the process is listed,
+# each with its reason, in tests/lsan.supp; a leak of ours fails the test.
 sanitize: deps
 	cmake -S . -B $(BUILD)-asan -DCMAKE_BUILD_TYPE=Debug -DKORVANE_SANITIZE=ON -DKORVANE_BENCH=OFF
 	cmake --build $(BUILD)-asan -j$(JOBS)
-	cd $(BUILD)-asan && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	cd $(BUILD)-asan && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=1 \
+	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j$(JOBS)
+
+# The threads under ThreadSanitizer: the loader's reader thread (its own tests, and the
+# main window that loads through it) and the writer of the four exports.
+TSAN_TESTS := korvane_tests tst_frmmain tst_frmoptions
+tsan: deps
+	cmake -S . -B $(BUILD)-tsan -DCMAKE_BUILD_TYPE=Debug -DKORVANE_TSAN=ON -DKORVANE_BENCH=OFF
+	cmake --build $(BUILD)-tsan -j$(JOBS) --target $(TSAN_TESTS)
+	cd $(BUILD)-tsan/bin && export QT_QPA_PLATFORM=offscreen TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 && \
+	  ./korvane_tests --gtest_filter='Chargement.*:Exports.*' && ./tst_frmmain && ./tst_frmoptions
 
 # The caption language under libFuzzer, ASan and UBSan for FUZZ_SECONDS; the corpus
 # grows in $(BUILD)-fuzz/corpus from the seeds in fuzz/graines.
@@ -77,4 +93,4 @@ fuzz:
 	  $(BUILD)-fuzz/fuzz_legende -max_total_time=$(FUZZ_SECONDS) -dict=fuzz/legende.dict -print_final_stats=1 $(BUILD)-fuzz/corpus fuzz/graines
 
 clean:
-	rm -rf $(BUILD) $(BUILD)-asan $(BUILD)-fuzz
+	rm -rf $(BUILD) $(BUILD)-asan $(BUILD)-tsan $(BUILD)-fuzz

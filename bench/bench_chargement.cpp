@@ -171,7 +171,7 @@ int mesurerMemoire(int documents) {
     Navigation::afficherPrincipale();
     QApplication::processEvents();
     const long apres = BasesBanc::memoireKo();
-    std::printf("documents %d: RSS before the main window %.1f MB, after %.1f MB\n", documents, avant / 1024.0, apres / 1024.0);
+    std::printf("documents %d: RSS before the main window %.1f MB, after %.1f MB\n", documents, double(avant) / 1024, double(apres) / 1024);
     Navigation::fermerTout();
     return 0;
 }

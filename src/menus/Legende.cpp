@@ -184,12 +184,12 @@ ReferenceImage LireImage(const QString &valeur) {
     if (const qint64 n = v.toLongLong(&ok); ok) {
         r.genre = ReferenceImage::Genre::Numero;
         r.numero = n;
-    } else if (const qint64 n = v.mid(1).toLongLong(&ok); (v[0] == u'I' || v[0] == u'i') && ok) {
+    } else if (const qint64 i = v.mid(1).toLongLong(&ok); (v[0] == u'I' || v[0] == u'i') && ok) {
         r.genre = ReferenceImage::Genre::ListeImages;
-        r.numero = n;
-    } else if (const qint64 n = v.mid(2).toLongLong(&ok, 16); v.startsWith(u"&H", Qt::CaseInsensitive) && ok) {
+        r.numero = i;
+    } else if (const qint64 h = v.mid(2).toLongLong(&ok, 16); v.startsWith(u"&H", Qt::CaseInsensitive) && ok) {
         r.genre = ReferenceImage::Genre::Numero;
-        r.numero = n;
+        r.numero = h;
     } else {
         r.genre = ReferenceImage::Genre::Controle;
         r.nom = v.toString();

@@ -25,6 +25,8 @@
 #include <algorithm>
 #include <memory>
 
+using BaseSql::sql;
+
 namespace {
 // The selected row of a grid, reduced to the folder the store reads from it.
 class SelectionDossier : public SelectionGrille {
@@ -40,7 +42,6 @@ class TestFrmAjoutDoc : public QObject {
     std::unique_ptr<EnvironnementTest> env;
     SelectionDossier selection;
 
-    QStringList sql(const QString &requete) { return BaseSql::lignes(Chemins::cheminBase(), requete); }
     QStringList documents() {
         return sql(QStringLiteral("SELECT NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, "
                                   "DateFin, Remarques, Icone FROM Documents ORDER BY Num"));

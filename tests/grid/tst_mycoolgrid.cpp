@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 class TstMyCoolGrid : public QObject {
     Q_OBJECT
@@ -51,6 +52,20 @@ private slots:
         QTRY_COMPARE(fondCellule(g, 8, 7), QColor(0xe0, 0xe0, 0xe0));
         QCOMPARE(fondCellule(g, 8, 0), QColor(Qt::white));  // the icon area takes no selection
         QCOMPARE(fondCellule(g, 7, 7), QColor(Qt::white));
+
+        // A text its column cuts shows whole in the tool tip; a whole one has none.
+        const QString longue = QStringLiteral("une adresse bien trop longue pour sa colonne, ") + QString(40, u'x');
+        g.MajColumnInfos(7, 4, longue);
+        auto bulle = [&g](int ligne, int colonne) {
+            int x = 4;
+            for (int i = 0; i < colonne; ++i) x += g.cellules().largeurPixels(i);
+            const QPoint point(x, dansLaLigne(g, ligne).y());
+            QHelpEvent aide(QEvent::ToolTip, point, g.viewport()->mapToGlobal(point));
+            QCoreApplication::sendEvent(g.viewport(), &aide);
+            return QToolTip::isVisible() ? QToolTip::text() : QString();
+        };
+        QCOMPARE(bulle(7, 3), QString());
+        QCOMPARE(bulle(7, 4), longue);
 
         QTest::mouseDClick(g.viewport(), Qt::LeftButton, {}, dansLaLigne(g, 8));
         QCOMPARE(doubles.count(), 1);

@@ -12,6 +12,8 @@
 #include <QtEndian>
 #include <gtest/gtest.h>
 
+using BaseSql::sql;
+
 namespace {
 
 // Red on the left half, blue on the right.
@@ -53,8 +55,6 @@ QByteArray fichierIco(std::initializer_list<int> cotes) {
     }
     return entete + images.join();
 }
-
-QStringList sql(const QString &requete) { return BaseSql::lignes(Chemins::cheminBase(), requete); }
 
 }  // namespace
 

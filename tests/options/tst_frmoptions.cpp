@@ -34,10 +34,6 @@ class TestFrmOptions : public QObject {
     }
     // A check box or an option reacts on its mark and its caption, not on the blank beyond.
     static void cocher(QAbstractButton *b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(8, b->height() / 2)); }
-    static QByteArray lire(const QString &chemin) {
-        QFile fichier(chemin);
-        return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
-    }
     // A picture file of the program's folder, of one colour.
     QString image(const QString &nom, const QSize &taille, const QColor &couleur) {
         QImage image(taille, QImage::Format_ARGB32);
@@ -46,7 +42,7 @@ class TestFrmOptions : public QObject {
         image.save(chemin);
         return chemin;
     }
-    static QStringList libelles() { return BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT Libelle FROM Icones ORDER BY Num")); }
+    static QStringList libelles() { return BaseSql::sql(QStringLiteral("SELECT Libelle FROM Icones ORDER BY Num")); }
 
 private slots:
     void init() {
@@ -64,7 +60,7 @@ private slots:
             QVERIFY(o->OExport[0]->isChecked());
             for (QCheckBox *c : o->Info) QVERIFY(c->isChecked());
             o->attendreExports();
-            QCOMPARE(lire(Exports::chemin(Exports::Texte)), Exports::contenuTxt(*f->MG));
+            QCOMPARE(EnvironnementTest::octets(Exports::chemin(Exports::Texte)), Exports::contenuTxt(*f->MG));
             QVERIFY(o->WB->texteVisible().contains(QStringLiteral("Compte courant")));
             // Another format: shown and remembered; its copy through the save dialog.
             cocher(o->OExport[2]);
@@ -74,16 +70,16 @@ private slots:
             QTest::mouseClick(o->Exp[0], Qt::LeftButton);
             QCOMPARE(ChoixFichier::filtresDemandes(), QStringList{QStringLiteral("Les fichiers  Csv (*.csv)")});
             QCOMPARE(Messages::affiches(), QStringList{Chaine(142)});
-            QCOMPARE(lire(t->env->chemin(QStringLiteral("copie.csv"))), lire(Exports::chemin(Exports::Csv)));
+            QCOMPARE(EnvironnementTest::octets(t->env->chemin(QStringLiteral("copie.csv"))), EnvironnementTest::octets(Exports::chemin(Exports::Csv)));
         });
         // A second opening in the run finds the window as it was, and rewrites nothing.
-        const QByteArray avant = lire(Exports::chemin(Exports::Texte));
+        const QByteArray avant = EnvironnementTest::octets(Exports::chemin(Exports::Texte));
         BaseSql::executer(Chemins::cheminBase(),
                           QStringLiteral("INSERT INTO Documents VALUES (1, 2, 10, 'Livret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0)"));
         f->MG->Clear();
         f->ChargerMG();
         options([](FrmOptions *o) { QVERIFY(o->OExport[2]->isChecked()); });
-        QCOMPARE(lire(Exports::chemin(Exports::Texte)), avant);
+        QCOMPARE(EnvironnementTest::octets(Exports::chemin(Exports::Texte)), avant);
     }
 
     void unGrandArbreSeMontreDuDebutALaFin() {
@@ -99,7 +95,7 @@ private slots:
             const qsizetype titre = page.lastIndexOf(QStringLiteral("Titre</b> : ")) + 12;
             const QString dernier = page.mid(titre, page.indexOf(QStringLiteral("</font>"), titre) - titre);
             for (int i : {1, 2, 3, 0}) {
-                QCOMPARE(lire(Exports::chemin(i)), contenus[i]);
+                QCOMPARE(EnvironnementTest::octets(Exports::chemin(i)), contenus[i]);
                 cocher(o->OExport[i]);
                 const QStringList lignes = QString::fromUtf8(contenus[i]).split(QStringLiteral("\r\n"));
                 const QString debut = i == Exports::Html ? QStringLiteral("[Banques]") : lignes.mid(0, 4).join(u'\n');
@@ -236,7 +232,7 @@ private slots:
         attendus[1] = QStringLiteral("Programmes");
         attendus << QStringLiteral("Coffre-fort");
         QCOMPARE(libelles(), attendus);
-        QCOMPARE(BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT max(Num) FROM Icones")), QStringList{"7"});
+        QCOMPARE(BaseSql::sql(QStringLiteral("SELECT max(Num) FROM Icones")), QStringList{"7"});
         // The grid has the new library, and the document keeps its icon 5.
         const ListeImages &grille = f->MG->imagesContenu();
         QCOMPARE(grille.nombre(), 7);

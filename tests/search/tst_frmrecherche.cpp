@@ -20,11 +20,7 @@ class TestFrmRecherche : public QObject {
     std::unique_ptr<PrincipaleTest> t;
     frmMain *f = nullptr;
 
-    int ligne(const QString &texte) {
-        for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
-        return -1;
-    }
+    int ligne(const QString &texte) { return ligneDe(f, texte); }
     // Opens the search from the keyboard and runs the steps inside it while it is up.
     void chercher(const std::function<void(FrmRecherche *)> &etapes) {
         // Ctrl+F where the main window's keyboard is: its grid.

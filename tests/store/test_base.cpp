@@ -16,6 +16,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+using BaseSql::sql;
+
 namespace {
 
 // The grid's selected row, as the store reads it.
@@ -36,17 +38,11 @@ protected:
         Session::NumCompteCourant = 1;
     }
     void TearDown() override { Def::definirSelectionGrille(nullptr); }
-    QStringList sql(const QString &requete) { return BaseSql::lignes(Chemins::cheminBase(), requete); }
 
     EnvironnementTest env;
     GrilleFactice grille;
 };
 
-QByteArray contenu(const QString &chemin) {
-    QFile f(chemin);
-    f.open(QIODevice::ReadOnly);
-    return f.readAll();
-}
 
 }  // namespace
 
@@ -75,8 +71,8 @@ TEST_F(Store, UneBaseNeuveAlesModelesEtLesIconesEtSOuvreAvecLaPhrase) {
         EXPECT_EQ(QString::fromUtf8(shell.readAllStandardOutput()).trimmed().split('\n').last(), "6");
     }
     // Without the key the file is unreadable.
-    EXPECT_FALSE(contenu(Chemins::cheminBase()).contains("SQLite format"));
-    EXPECT_FALSE(contenu(Chemins::cheminBase()).contains("Logiciels"));
+    EXPECT_FALSE(EnvironnementTest::octets(Chemins::cheminBase()).contains("SQLite format"));
+    EXPECT_FALSE(EnvironnementTest::octets(Chemins::cheminBase()).contains("Logiciels"));
 }
 
 TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
@@ -89,7 +85,7 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     QString raison;
     EXPECT_FALSE(Base::estBaseKorvane(etranger, &raison));
     EXPECT_TRUE(raison.contains("n'est pas une base Korvane")) << raison.toStdString();
-    EXPECT_EQ(contenu(etranger), QByteArray(4096, 'x'));
+    EXPECT_EQ(EnvironnementTest::octets(etranger), QByteArray(4096, 'x'));
 
     // A base protected by another password.
     const QString autreCle = env.chemin("autre.kvx");
@@ -99,16 +95,16 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
         sqlite3_exec(db, "PRAGMA key='autre'; CREATE TABLE Compte (a);", nullptr, nullptr, nullptr);
         sqlite3_close(db);
     }
-    const QByteArray avant = contenu(autreCle);
+    const QByteArray avant = EnvironnementTest::octets(autreCle);
     EXPECT_FALSE(Base::estBaseKorvane(autreCle, &raison));
     EXPECT_TRUE(raison.contains("autre mot de passe")) << raison.toStdString();
-    EXPECT_EQ(contenu(autreCle), avant);
+    EXPECT_EQ(EnvironnementTest::octets(autreCle), avant);
 
     // In place of korvane.kvx, the start refuses it and does not recreate over it.
     QFile::remove(Chemins::cheminBase());
     QFile::copy(etranger, Chemins::cheminBase());
     EXPECT_THROW(Base::preparerBase(), Base::ErreurBase);
-    EXPECT_EQ(contenu(Chemins::cheminBase()), QByteArray(4096, 'x'));
+    EXPECT_EQ(EnvironnementTest::octets(Chemins::cheminBase()), QByteArray(4096, 'x'));
     // With the copy of the base before it at hand, the refusal names it.
     QFile::copy(autreCle, CopieBase::cheminSauvegarde());
     try {
@@ -131,11 +127,11 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
                      nullptr, nullptr, nullptr);
         sqlite3_close(db);
     }
-    const QByteArray incompleteAvant = contenu(incomplete);
+    const QByteArray incompleteAvant = EnvironnementTest::octets(incomplete);
     EXPECT_FALSE(Base::estBaseKorvane(incomplete, &raison));
     EXPECT_EQ(raison, "Le fichier incomplete.kvx n'est pas une base Korvane complète : la colonne Pass manque dans la "
                       "table Compte.\nIl n'a pas été modifié.");
-    EXPECT_EQ(contenu(incomplete), incompleteAvant);
+    EXPECT_EQ(EnvironnementTest::octets(incomplete), incompleteAvant);
 
     // A link to nothing is called what it is, and not replaced by a new base.
     QFile::remove(Chemins::cheminBase());
@@ -172,14 +168,14 @@ TEST_F(Store, LesDroitsSeResserrentSansJamaisSElargir) {
     Base::preparerBase();
     EXPECT_EQ(EnvironnementTest::mode(base), 0400);
     EXPECT_EQ(EnvironnementTest::mode(CopieBase::cheminSauvegarde()), 0600);
-    const QByteArray avant = contenu(base);
+    const QByteArray avant = EnvironnementTest::octets(base);
     try {
         Comptes::creer(2, "bob", "x");
         ADD_FAILURE() << "write to a read-only base succeeded";
     } catch (const Base::ErreurBase &e) {
         EXPECT_TRUE(e.message().contains("lecture seule")) << e.message().toStdString();
     }
-    EXPECT_EQ(contenu(base), avant);
+    EXPECT_EQ(EnvironnementTest::octets(base), avant);
     // A settings file that is a folder is not Korvane's to change.
     QFile::remove(Reglages::cheminFichier());
     ASSERT_TRUE(QDir().mkdir(Reglages::cheminFichier()));
@@ -193,7 +189,7 @@ TEST_F(Store, UneBaseEndommageeAuDemarrageNEstQueLue) {
     BaseExemple::remplir(1, 5, 300);
     CopieBase::copierEntier(Chemins::cheminBase(), CopieBase::cheminSauvegarde());
     BaseExemple::abimer(Chemins::cheminBase());
-    const QByteArray abimee = contenu(Chemins::cheminBase());
+    const QByteArray abimee = EnvironnementTest::octets(Chemins::cheminBase());
     // Read, never written, and the notice names the copy to take back.
     const QString avis = Base::preparerBase();
     EXPECT_TRUE(avis.contains("lecture seule") && avis.contains(CopieBase::cheminSauvegarde())) << avis.toStdString();
@@ -204,7 +200,7 @@ TEST_F(Store, UneBaseEndommageeAuDemarrageNEstQueLue) {
     } catch (const Base::ErreurBase &e) {
         EXPECT_TRUE(e.message().contains("endommagée")) << e.message().toStdString();
     }
-    EXPECT_EQ(contenu(Chemins::cheminBase()), abimee);
+    EXPECT_EQ(EnvironnementTest::octets(Chemins::cheminBase()), abimee);
     // The copy taken back, the base is written again.
     CopieBase::remplacer(CopieBase::cheminSauvegarde());
     EXPECT_NO_THROW(Comptes::creer(2, "bob", "x"));
@@ -276,14 +272,15 @@ TEST_F(Store, EcrireDocumentEcritToutOuRien) {
     const QStringList champs{"Banque", "moi", "pw", "https://b.example", "", "01/02/2026", "", "r", "3"};
     EXPECT_TRUE(EcrireDocument(7, champs));
     EXPECT_EQ(sql("SELECT * FROM Documents"), QStringList{"1|7|2|Banque|moi|pw|https://b.example||01/02/2026||r|3"});
-    // A locked base: the second document is not written at all.
-    sqlite3 *autre = nullptr;
-    sqlite3_open(QFile::encodeName(Chemins::cheminBase()).constData(), &autre);
-    sqlite3_exec(autre, "PRAGMA key='Tarvex'; BEGIN EXCLUSIVE;", nullptr, nullptr, nullptr);
+    // A write that fails on the third field, after two went through: a new document
+    // is not written at all, a changed one keeps every field it had.
+    ASSERT_TRUE(BaseSql::executer(Chemins::cheminBase(), "CREATE TRIGGER refus BEFORE UPDATE OF MotDePasse ON Documents "
+                                                         "BEGIN SELECT RAISE(ABORT, 'disque plein'); END"));
     EXPECT_THROW(EcrireDocument(8, champs), Base::ErreurBase);
-    sqlite3_exec(autre, "ROLLBACK;", nullptr, nullptr, nullptr);
-    sqlite3_close(autre);
     EXPECT_EQ(sql("SELECT count(*) FROM Documents WHERE Num=8"), QStringList{"0"});
+    grille.selectionner(7, 2);
+    EXPECT_THROW(ModifierDocument({{3, "Autre"}, {4, "lui"}, {5, "pw2"}}), Base::ErreurBase);
+    EXPECT_EQ(sql("SELECT * FROM Documents"), QStringList{"1|7|2|Banque|moi|pw|https://b.example||01/02/2026||r|3"});
 }
 
 TEST_F(Store, MajChampDocumentEcritLeChampChiffreDeLaLigneSelectionnee) {

@@ -12,29 +12,7 @@ void ecrireFichierReglages(const QByteArray &contenu) {
     f.open(QIODevice::WriteOnly | QIODevice::Truncate);
     f.write(contenu);
 }
-QByteArray lireFichierReglages() {
-    QFile f(Reglages::cheminFichier());
-    f.open(QIODevice::ReadOnly);
-    return f.readAll();
-}
 }  // namespace
-
-TEST(Reglages, LesDefautsDeChaqueCle) {
-    EnvironnementTest env(false);
-    using Reglages::Cle;
-    EXPECT_EQ(Reglages::lireTexte(Cle::Username), QString());
-    EXPECT_EQ(Reglages::lireNombre(Cle::Demarrage), 0);
-    EXPECT_EQ(Reglages::lireNombre(Cle::Windowstate), 0);
-    EXPECT_EQ(Reglages::lireNombre(Cle::MainLeft, 1234), 1234);
-    EXPECT_EQ(Reglages::lireNombre(Cle::Backcolor), 16777215);
-    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurTitre), 0);
-    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurSection), 16777215);
-    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurParent), 0);
-    EXPECT_EQ(Reglages::couleurParentDialogue(), 16777215);
-    EXPECT_EQ(Reglages::lireNombre(Cle::CouleurSelection), 14737632);
-    EXPECT_TRUE(Reglages::colonneVisible(3));
-    EXPECT_FALSE(QFile::exists(Reglages::cheminFichier()));  // reading writes nothing
-}
 
 TEST(Reglages, LesClesSeRejoignentQuelleQueSoitLaCasse) {
     EnvironnementTest env(false);
@@ -48,7 +26,7 @@ TEST(Reglages, LesClesSeRejoignentQuelleQueSoitLaCasse) {
     Reglages::ecrire("Couleurs", "BackColor", "128");
     EXPECT_EQ(Reglages::lire("couleurs", "backcolor", "x"), "128");
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 128);
-    EXPECT_EQ(lireFichierReglages().toLower().count("backcolor"), 1);
+    EXPECT_EQ(EnvironnementTest::octets(Reglages::cheminFichier()).toLower().count("backcolor"), 1);
     Reglages::ecrireColonneVisible(3, true);
     EXPECT_TRUE(Reglages::colonneVisible(3));
     EXPECT_EQ(Reglages::lire("settings", "colonne 3", "x"), "-1");
@@ -56,6 +34,8 @@ TEST(Reglages, LesClesSeRejoignentQuelleQueSoitLaCasse) {
 
 TEST(Reglages, UnFichierEditeALaMainNeCassePas) {
     EnvironnementTest env(false);
+    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::MainLeft, 1234), 1234);
+    EXPECT_FALSE(QFile::exists(Reglages::cheminFichier()));  // reading writes nothing
     ecrireFichierReglages("[Couleurs]\nBackcolor=rouge\nCouleurTitre=99999999999999\nCouleurSection=-1\nCouleurFils=16777216\n"
                           "CouleurParent=16777215\n[Font]\nFontColor=-5\n[Settings]\nWindowstate=\nColonne%204=oui\n"
                           "garbage line without equals\n[[broken\n");

@@ -18,13 +18,13 @@
 #include <QTest>
 #include <memory>
 
+using BaseSql::sql;
+
 class TestFrmLogin : public QObject {
     Q_OBJECT
 
     std::unique_ptr<EnvironnementTest> env;
     int finsDemandees = 0;
-
-    QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
 
     FrmLogin *ouvrir() {
         Navigation::afficherLogin();
@@ -263,18 +263,6 @@ private slots:
         QCOMPARE(f->Login->currentIndex(), 0);
         QTest::mouseClick(f->Im_Commande, Qt::LeftButton);
         QVERIFY(Navigation::fenetrePrincipale());
-    }
-
-    void laFenetreSeDeplaceParSonCadre() {
-        FrmLogin *f = ouvrir();
-        f->move(100, 100);
-        const QPoint depart = f->pos();
-        QTest::mousePress(f->L[FrmLogin::LibelleLogin], Qt::LeftButton, {}, QPoint(5, 5));
-        QMouseEvent deplacement(QEvent::MouseMove, QPointF(45, 35), f->L[FrmLogin::LibelleLogin]->mapToGlobal(QPointF(45, 35)), Qt::NoButton,
-                                Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(f->L[FrmLogin::LibelleLogin], &deplacement);
-        QTest::mouseRelease(f->L[FrmLogin::LibelleLogin], Qt::LeftButton, {}, QPoint(45, 35));
-        QCOMPARE(f->pos() - depart, QPoint(40, 30));
     }
 };
 

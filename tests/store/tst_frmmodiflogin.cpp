@@ -20,7 +20,7 @@ class TestFrmModifLogin : public QObject {
 
     std::unique_ptr<EnvironnementTest> env;
 
-    QStringList passStocke() { return BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT Pass FROM Compte WHERE NumCompte=1")); }
+    QStringList passStocke() { return BaseSql::sql(QStringLiteral("SELECT Pass FROM Compte WHERE NumCompte=1")); }
     void taper(QLineEdit *e, const QString &t) {
         e->clear();
         QTest::keyClicks(e, t);

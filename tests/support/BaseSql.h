@@ -1,6 +1,8 @@
 #pragma once
 // Reads a base the way any SQLCipher client does: the passphrase, then plain SQL.
 
+#include "store/Chemins.h"
+
 #include <QFile>
 #include <QString>
 #include <QStringList>
@@ -36,6 +38,9 @@ inline QStringList lignes(const QString &chemin, const QString &sql) {
     sqlite3_close(db);
     return resultat;
 }
+
+// The same on the program's own base.
+inline QStringList sql(const QString &requete) { return lignes(Chemins::cheminBase(), requete); }
 
 inline bool executer(const QString &chemin, const QString &sql) {
     sqlite3 *db = nullptr;

@@ -46,6 +46,11 @@ public:
         Reglages::definirDossier(QString());
     }
     QString chemin(const QString &nom) const { return dossier.filePath(nom); }
+    // The file's bytes, empty when it can't be read.
+    static QByteArray octets(const QString &chemin) {
+        QFile f(chemin);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
     // The file's mode bits (0600...), or -1 when it is missing.
     static int mode(const QString &chemin) {
         struct stat st {};

@@ -13,6 +13,13 @@
 #include <functional>
 #include <memory>
 
+// The grid row of the folder or document whose column 3 reads texte, -1 for none.
+inline int ligneDe(const frmMain *f, const QString &texte) {
+    for (int i = 2; i < f->MG->NbLignes; ++i)
+        if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
+    return -1;
+}
+
 class PrincipaleTest {
 public:
     // The rows of sql go into the base first; the window comes up active, as focus

@@ -1,7 +1,6 @@
-// The window kit: numbered strings, latching picture buttons, the clipboard's clearing.
+// The window kit: latching picture buttons, the clipboard's clearing.
 
 #include "ui/fenetres/BoutonImage.h"
-#include "ui/Chaines.h"
 #include "ui/PressePapiers.h"
 
 #include <QClipboard>
@@ -12,16 +11,6 @@
 class TestKit : public QObject {
     Q_OBJECT
 private slots:
-    void lesChainesNumeroteesGardentLeursBlancs() {
-        QCOMPARE(Chaine(118), QStringLiteral("Gestionnaire des mots de passe") + QString(88, u' '));
-        QCOMPARE(Chaine(138), QString(19, u' ') + QStringLiteral("Avez-vous sauvegardé la base en cours ?"));
-        QCOMPARE(Chaine(154), QStringLiteral(" Le gestionnaire des mots de passe"));
-        QCOMPARE(Chaine(962), QStringLiteral("Les fichiers "));
-        QCOMPARE(Chaine(939), QStringLiteral("Modifier les informations d'un document"));
-        for (int i = 924; i <= 940; ++i) QVERIFY2(!Chaine(i).isEmpty(), qPrintable(QString::number(i)));
-        QCOMPARE(Chaine(1), QString());
-    }
-
     void unBoutonResteEnfonceJusquAuGestionnaire() {
         BoutonImage b;
         b.resize(30, 30);

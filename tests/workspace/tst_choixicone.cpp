@@ -39,7 +39,7 @@ void touches(QMenu *menu, int bas) {
 }
 
 QStringList icones(const QString &ou = QStringLiteral("Titre='Alpha'")) {
-    return BaseSql::lignes(Chemins::cheminBase(), QStringLiteral("SELECT Icone FROM Documents WHERE ") + ou);
+    return BaseSql::sql(QStringLiteral("SELECT Icone FROM Documents WHERE ") + ou);
 }
 
 }  // namespace

@@ -29,19 +29,16 @@
 #include <sqlcipher/sqlite3.h>
 #include <memory>
 
+using BaseSql::sql;
+
 class TestEdition : public QObject {
     Q_OBJECT
 
     std::unique_ptr<PrincipaleTest> t;
     frmMain *f = nullptr;
 
-    QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
     // The grid row of the folder or document whose column 3 reads texte.
-    int ligne(const QString &texte) {
-        for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
-        return -1;
-    }
+    int ligne(const QString &texte) { return ligneDe(f, texte); }
     void cliquerLigne(int l) {
         f->MG->rendreVisible(l);  // scrolled to first, as a user does
         int w = 0, y = 0, h = 0;
@@ -163,11 +160,11 @@ private slots:
         QVERIFY(!f->Boutons[Bouton::SupprimerDossier]->isEnabled());
         f->definirPreparationDialogue([](QWidget *d) {
             QTimer::singleShot(0, d, [d] {
-                auto *dossier = qobject_cast<FrmAjoutDossier *>(d);
-                QCOMPARE(dossier->Saisie->text(), QStringLiteral("Courriel"));
-                QCOMPARE(dossier->TagSaisie, QStringLiteral("41"));
-                dossier->Saisie->setText(QStringLiteral(" Messagerie "));
-                QTest::keyClick(dossier->Saisie, Qt::Key_Return);
+                auto *renomme = qobject_cast<FrmAjoutDossier *>(d);
+                QCOMPARE(renomme->Saisie->text(), QStringLiteral("Courriel"));
+                QCOMPARE(renomme->TagSaisie, QStringLiteral("41"));
+                renomme->Saisie->setText(QStringLiteral(" Messagerie "));
+                QTest::keyClick(renomme->Saisie, Qt::Key_Return);
             });
         });
         commande(Bouton::RenommerDossier);
@@ -178,16 +175,12 @@ private slots:
         cliquerLigne(ligne(QStringLiteral("Banques")));
         // A folder with documents can be renamed, not deleted.
         QCOMPARE(etatsBoutons(), (QList<bool>{false, false, true, false, false}));
-        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Banques"));
-        QCOMPARE(f->NomDossierCourant, QStringLiteral(" Banques"));
         cliquerLigne(ligne(QStringLiteral("Vide")));
         QCOMPARE(etatsBoutons(), (QList<bool>{true, false, true, false, false}));
         cliquerLigne(ligne(QStringLiteral("Banques")));  // opens it again
         cliquerLigne(ligne(QStringLiteral("Livret")));
         QCOMPARE(etatsBoutons(), (QList<bool>{false, true, false, true, true}));
-        QCOMPARE(f->EnteteB->texte(), QStringLiteral("   Dossier :  Banques -  Document : Livret"));
-        QCOMPARE(f->InfoEntete, f->EnteteB->texte());
-        QCOMPARE(f->LigneDocument, ligne(QStringLiteral("Livret")));
+        QCOMPARE(f->InfoEntete, QStringLiteral("   Dossier :  Banques -  Document : Livret"));
         QVERIFY(f->Boutons[Bouton::NouveauDossier]->isEnabled() && f->Boutons[Bouton::NouveauDocument]->isEnabled());
     }
 
@@ -300,6 +293,35 @@ private slots:
         QVERIFY(!f->Edition->SaisieVisible);
         QCOMPARE(f->MG->GetColumnInfos(ligne(QStringLiteral("Livret")), Colonne::Titre), QStringLiteral("Livret"));
         QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=2")), QStringList{QStringLiteral("Livret")});
+    }
+
+    // Tab and Shift+Tab go round the row's visible boxes, storing the box they leave;
+    // Page Up and Page Down leave the edit and what it holds as they are.
+    void lesTouchesDeTabulationEtDePageDansLesBoites() {
+        Reglages::ecrireColonneVisible(Colonne::Login - Colonne::PremierChamp, false);  // the login's box
+        f->resize(f->width() - 2, f->height());
+        f->MG->Clear();
+        f->ChargerMG();
+        editer(QStringLiteral("Livret"));
+        touche(Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), f->Edition->Saisie[Colonne::Remarques]);
+        touche(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), f->Edition->Saisie[Colonne::Titre]);
+        touche(Qt::Key_End);
+        taper(QStringLiteral("2"));
+        touche(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), f->Edition->Saisie[Colonne::MotDePasse]);
+        QCOMPARE(sql(QStringLiteral("SELECT Titre FROM Documents WHERE Num=2")), QStringList{CrypterChamp(QStringLiteral("Livret2"))});
+        touche(Qt::Key_End);
+        taper(QStringLiteral("y"));
+        const int l = f->MG->LigneCourante;
+        touche(Qt::Key_PageDown);
+        touche(Qt::Key_PageUp);
+        QVERIFY(f->Edition->SaisieVisible);
+        QCOMPARE(f->MG->LigneCourante, l);
+        QCOMPARE(QApplication::focusWidget(), f->Edition->Saisie[Colonne::MotDePasse]);
+        QCOMPARE(f->Edition->Saisie[Colonne::MotDePasse]->text(), QStringLiteral("xy"));
+        QCOMPARE(sql(QStringLiteral("SELECT MotDePasse FROM Documents WHERE Num=2")), QStringList{QStringLiteral("x")});
     }
 
     void unAccentEstRefuseEtLeChampStockeNeChangePas() {

@@ -14,6 +14,7 @@
 #include "support/BaseSql.h"
 #include "support/DisquePlein.h"
 #include "support/EnvironnementTest.h"
+#include "support/PrincipaleTest.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "workspace/fenetres/EditionEnPlace.h"
@@ -44,6 +45,8 @@
 #include <memory>
 #include <sys/stat.h>
 
+using BaseSql::sql;
+
 class TestFrmMain : public QObject {
     Q_OBJECT
 
@@ -57,11 +60,6 @@ class TestFrmMain : public QObject {
         Navigation::afficherPrincipale();
         return Navigation::fenetrePrincipale();
     }
-    QStringList sql(const QString &r) { return BaseSql::lignes(Chemins::cheminBase(), r); }
-    static QByteArray octets(const QString &chemin) {
-        QFile f(chemin);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
     // The grid's rows from row 2 on, as "P name" or "F title|login|icon".
     QStringList arbre(frmMain *f) {
         QStringList l;
@@ -74,12 +72,6 @@ class TestFrmMain : public QObject {
         return l;
     }
 
-    // The first row whose column 3 reads texte.
-    static int ligne(frmMain *f, const QString &texte) {
-        for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (f->MG->GetColumnInfos(i, Colonne::Titre).trimmed() == texte) return i;
-        return -1;
-    }
     frmMain *ouvrirActive() {
         frmMain *f = ouvrir();
         f->activateWindow();
@@ -275,16 +267,12 @@ private slots:
         frmMain *f = ouvrir(1, QStringLiteral(" Alice"));
         ::umask(umaskAvant);
         QCOMPARE(f->legendeEntete(), QString(45, u' ') + QStringLiteral(" Le gestionnaire des mots de passe    (Compte actuel :  Alice)"));
-        QCOMPARE(f->Im_Commande[0]->toolTip(), QStringLiteral("Fermer (Ctrl+Q)"));
-        QCOMPARE(f->Im_Commande[1]->toolTip(), QStringLiteral("Réduire"));
-        QCOMPARE(f->Im_Commande[2]->toolTip(), QString());
         // Each button's tip ends with its key.
         for (int i = 0; i < frmMain::kNbBoutons; ++i) {
             QVERIFY(f->Boutons[i]->toolTip().startsWith(Chaine(924 + i)));
             QVERIFY2(i == Bouton::Exporter || f->Boutons[i]->toolTip().endsWith(u')'), qPrintable(f->Boutons[i]->toolTip()));
             QCOMPARE(f->Boutons[i]->isEnabled(), true);
         }
-        QCOMPARE(f->Boutons[Bouton::Rechercher]->toolTip(), QStringLiteral("Rechercher (Ctrl+F)"));
         QVERIFY(!f->Boutons[Bouton::Exporter]->isVisible());
         QVERIFY(f->Boutons[Bouton::ModifierIcone]->isVisible());
         // Hover tells what the button does; leaving gives the band back.
@@ -317,28 +305,6 @@ private slots:
         QCOMPARE(finsDemandees, 1);
         QCOMPARE(Messages::affiches().size(), 2);
         QVERIFY(Reglages::lireTexte(Reglages::Cle::MainLeft).toInt() == f->x() * 15);
-    }
-
-    void uneConnexionMeneALaFenetreAvecLesDossiersDuCompte() {
-        BaseExemple::remplir(1, 3, 12);
-        Navigation::afficherLogin();
-        FrmLogin *login = Navigation::fenetreLogin();
-        login->Pass->clear();
-        QTest::keyClicks(login->Pass, QStringLiteral("a"));
-        QTest::keyClick(login->Pass, Qt::Key_Return);
-        frmMain *f = Navigation::fenetrePrincipale();
-        QVERIFY(f && f->isVisible());
-        QVERIFY(!Navigation::fenetreLogin() || !Navigation::fenetreLogin()->isVisible());
-        QCOMPARE(f->nombreDossiers(), 3);
-        QCOMPARE(f->MG->NbLignes, 2 + 3 + 12);
-        // Enciphered and plain passwords alike read back in plain.
-        QStringList lus, attendus;
-        for (int i = 2; i < f->MG->NbLignes; ++i)
-            if (!f->MG->IsLigneParent(i)) lus << f->MG->GetColumnInfos(i, Colonne::MotDePasse);
-        for (int i = 0; i < 12; ++i) attendus << QStringLiteral("Pa55-word_%1!").arg(i * 7919);
-        lus.sort();
-        attendus.sort();
-        QCOMPARE(lus, attendus);
     }
 
     void changerLeMotDePasseEtDeCompteDepuisLaFenetre() {
@@ -393,13 +359,13 @@ private slots:
         QCOMPARE(ChoixFichier::filtresDemandes().value(0), QStringLiteral("Les bases de Korvane (*.kvx)"));
         // Never over a file Korvane itself uses.
         CopieBase::copierEntier(env->chemin(QStringLiteral("copie.kvx")), CopieBase::cheminSauvegarde());
-        const QByteArray baseAvant = octets(base), sauvegardeAvant = octets(CopieBase::cheminSauvegarde());
+        const QByteArray baseAvant = EnvironnementTest::octets(base), sauvegardeAvant = EnvironnementTest::octets(CopieBase::cheminSauvegarde());
         for (const QString &propre : {base, CopieBase::cheminSauvegarde(), Base::cheminVerrou()}) {
             ChoixFichier::prevoirReponses({propre});
             QTest::mouseClick(f->Boutons[Bouton::EnregistrerBase], Qt::LeftButton);
             QVERIFY(Messages::affiches().value(0).startsWith(QStringLiteral("Korvane utilise lui-même le fichier ") + QFileInfo(propre).fileName()));
         }
-        QVERIFY(octets(base) == baseAvant && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
+        QVERIFY(EnvironnementTest::octets(base) == baseAvant && EnvironnementTest::octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
         QVERIFY(!QFile::exists(Base::cheminVerrou()));
         ChoixFichier::filtresDemandes();
 
@@ -423,13 +389,13 @@ private slots:
         const QString abimee = env->chemin(QStringLiteral("abimee.kvx"));
         CopieBase::copierEntier(base, abimee);
         BaseExemple::abimer(abimee);
-        const QByteArray avantAbimee = octets(base);
+        const QByteArray avantAbimee = EnvironnementTest::octets(base);
         ChoixFichier::prevoirReponses({abimee});
         QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("La base abimee.kvx est endommagée : la vérification de son "
                                                                   "contenu y trouve des erreurs.\nElle n'a pas été modifiée.\n"
                                                                   "La base actuelle n'a pas été modifiée.")});
-        QVERIFY(octets(base) == avantAbimee && octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
+        QVERIFY(EnvironnementTest::octets(base) == avantAbimee && EnvironnementTest::octets(CopieBase::cheminSauvegarde()) == sauvegardeAvant);
         QCOMPARE(Navigation::fenetrePrincipale(), f);
 
         // A Korvane base replaces it whatever the answer; the old one is kept, and the login follows.
@@ -524,7 +490,7 @@ private slots:
         Chemins::definirDossierProgramme(disque);
         frmMain *f = ouvrir();
         plein.remplir(QFileInfo(Chemins::cheminBase()).size() / 2);
-        const QByteArray base = octets(Chemins::cheminBase());
+        const QByteArray base = EnvironnementTest::octets(Chemins::cheminBase());
 
         ChoixFichier::prevoirReponses({disque + QStringLiteral("/copie.kvx")});
         QTest::mouseClick(f->Boutons[Bouton::EnregistrerBase], Qt::LeftButton);
@@ -532,7 +498,7 @@ private slots:
         ChoixFichier::prevoirReponses({autre});
         QTest::mouseClick(f->Boutons[Bouton::OuvrirBase], Qt::LeftButton);
         QVERIFY2(Messages::affiches().join(u'|').contains(QStringLiteral("le disque est plein")), "opening a base on a full disk");
-        QCOMPARE(octets(Chemins::cheminBase()), base);
+        QCOMPARE(EnvironnementTest::octets(Chemins::cheminBase()), base);
         // The options write the four exports at their opening.
         plein.remplir();
         f->definirPreparationDialogue([](QWidget *d) { QTimer::singleShot(0, d, &QWidget::close); });
@@ -588,7 +554,7 @@ private slots:
             const QString nom = QString::fromUtf8(c.legende);
             // A command on a folder gets the empty one; every other the document.
             auto choisir = [&] {
-                f->MG->SelectLine(ligne(f, c.besoin == frmMain::Besoin::Dossier ? QStringLiteral("Vide") : QStringLiteral("Banque")));
+                f->MG->SelectLine(ligneDe(f, c.besoin == frmMain::Besoin::Dossier ? QStringLiteral("Vide") : QStringLiteral("Banque")));
                 f->MG->setFocus();
             };
             choisir();
@@ -623,7 +589,7 @@ private slots:
             "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'a', 'www.banque.fr', NULL, NULL, NULL, NULL, 0);"));
         const QStringList stockes = sql(QStringLiteral("SELECT MotDePasse FROM Documents"));
         frmMain *f = ouvrirActive();
-        const int l = ligne(f, QStringLiteral("Banque"));
+        const int l = ligneDe(f, QStringLiteral("Banque"));
         f->MG->SelectLine(l);
         f->MG->setFocus();
         // The same dots whatever the password's length, until the passwords are shown.
@@ -640,7 +606,7 @@ private slots:
         // The password column hidden, Ctrl+C still copies it, with the hint and to the clipboard alone.
         Reglages::ecrireColonneVisible(2, false);
         f = ouvrirActive();
-        f->MG->SelectLine(ligne(f, QStringLiteral("Banque")));
+        f->MG->SelectLine(ligneDe(f, QStringLiteral("Banque")));
         f->MG->setFocus();
         messagesPressePapiers.clear();
         const QtMessageHandler avant = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &m) {

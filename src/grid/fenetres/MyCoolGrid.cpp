@@ -488,21 +488,21 @@ void MyCoolGrid::peindreCellule(QPainter &p, const Cellule &cel, QStringView tex
     QStringView encre = texte;
     while (encre.endsWith(u' ')) encre.chop(1);
     if (!encre.isEmpty() && zoneTexte.width() > 0) {
-        QString texte = encre.toString();
+        QString montre = encre.toString();
         const Police &police = policePour(cel);
         p.setFont(police.police);
         p.setPen(couleur(cel.couleurTexte));
-        if (police.mesures.horizontalAdvance(texte) > zoneTexte.width())
-            texte = police.mesures.elidedText(texte, Qt::ElideRight, zoneTexte.width());
+        if (police.mesures.horizontalAdvance(montre) > zoneTexte.width())
+            montre = police.mesures.elidedText(montre, Qt::ElideRight, zoneTexte.width());
         // On its baseline: centred in height, or near the top when the cell asks for it.
         int x = zoneTexte.left();
         int y = zoneTexte.top() + (zoneTexte.height() + police.mesures.ascent() - police.mesures.descent()) / 2;
         if (cel.alignement == grille::GaucheHaut) {
             y = zoneTexte.top() + kMarge + police.mesures.ascent();
         } else if (cel.alignement == grille::CentreCentre) {
-            x += (zoneTexte.width() - police.mesures.horizontalAdvance(texte)) / 2;
+            x += (zoneTexte.width() - police.mesures.horizontalAdvance(montre)) / 2;
         }
-        p.drawText(x, y, texte);
+        p.drawText(x, y, montre);
     }
 
     // Grid lines on the rows of data only; the bands draw their own edges.
