@@ -10,7 +10,8 @@
 
 namespace Banc {
 
-enum class Application { SansEcran, AvecFenetres };
+enum class Application { SansEcran,
+                         AvecFenetres };
 
 // avant runs once the application exists; when it answers a code, that ends the run
 // instead of the benchmarks (a mode of the binary's own).

@@ -150,10 +150,11 @@ int mesurerMemoire(int documents) {
         QApplication::processEvents();
     }
     const long formats = BasesBanc::memoireKo();
-    std::printf("documents %d: RSS with the main window %.1f MB; options shown +%.1f MB; files written +%.1f MB; "
-                "after the four formats +%.1f MB (peak of the process %.1f MB)\n",
-                documents, double(avant) / 1024, double(ouverte - avant) / 1024, double(ecrits - avant) / 1024,
-                double(formats - avant) / 1024, double(BasesBanc::memoireKo("VmHWM:")) / 1024);
+    std::printf(
+        "documents %d: RSS with the main window %.1f MB; options shown +%.1f MB; files written +%.1f MB; "
+        "after the four formats +%.1f MB (peak of the process %.1f MB)\n",
+        documents, double(avant) / 1024, double(ouverte - avant) / 1024, double(ecrits - avant) / 1024,
+        double(formats - avant) / 1024, double(BasesBanc::memoireKo("VmHWM:")) / 1024);
     delete o;
     Navigation::fermerTout();
     return 0;

@@ -76,8 +76,9 @@ BENCHMARK(BM_PreparerEtMontrerPicker500)->Unit(benchmark::kMillisecond);
 void BM_BarreTexte(benchmark::State &s) {
     QWidget fenetre;
     auto *menu = new QMenu(&fenetre);
-    menu->addAction(QStringLiteral("{Sidebar|Text:Le gestionnaire<br>des mots de passe|FColor:16777215|BColor:6697728|"
-                                   "GColor:12615680|Font:DejaVu Serif|FSize:14|MinFSize:9|Bold}"));
+    menu->addAction(QStringLiteral(
+        "{Sidebar|Text:Le gestionnaire<br>des mots de passe|FColor:16777215|BColor:6697728|"
+        "GColor:12615680|Font:DejaVu Serif|FSize:14|MinFSize:9|Bold}"));
     for (int i = 0; i < 12; ++i) menu->addAction(QStringLiteral("Commande %1").arg(i));
     modMenus::AttacherMenus(&fenetre, nullptr, nullptr, 0);
     menu->popup(QPoint(0, 0));

@@ -59,8 +59,9 @@ void remplirExemple() {
     };
     for (const auto &d : documents) {
         Base::Connexion c;
-        Base::Requete r(c, "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, "
-                           "DateDebut, Remarques, Icone) VALUES (1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+        Base::Requete r(c,
+                        "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, "
+                        "DateDebut, Remarques, Icone) VALUES (1, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
         r.lier(1, QString::fromLatin1(d[0]).toInt()).lier(2, QString::fromLatin1(d[1]).toInt());
         for (int i = 2; i < 9; ++i) r.lier(i + 1, QString::fromUtf8(d[i]));
         r.lier(10, QString::fromLatin1(d[0]).toInt() + 1).executer();
@@ -168,7 +169,10 @@ int main(int argc, char *argv[]) {
         Base::Connexion c;
         for (int num = 7; num <= 120; ++num)
             Base::Requete(c, "INSERT INTO Icones (Num, ico, Libelle) SELECT ?, ico, Libelle || ' ' || ? FROM Icones WHERE Num = ?")
-                .lier(1, num).lier(2, num).lier(3, (num - 1) % 6 + 1).executer();
+                .lier(1, num)
+                .lier(2, num)
+                .lier(3, (num - 1) % 6 + 1)
+                .executer();
     }
     principale->imgCONTENU.chargerBase();
     FrmPop::IconesModifiees = true;

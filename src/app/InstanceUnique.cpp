@@ -34,9 +34,10 @@ InstanceUnique::Resultat InstanceUnique::acquerir() {
         raison_ = fd < 0 && (erreurOuverture == EACCES || erreurOuverture == EPERM || erreurOuverture == EROFS)
                       ? QStringLiteral("les droits manquent")
                       : QStringLiteral("il ne peut pas être ouvert");
-        raison_ = QStringLiteral("Korvane ne peut pas protéger la base contre une seconde copie du programme : "
-                                 "le fichier %1 ne peut pas servir de verrou (%2).\n"
-                                 "Vérifiez les droits du dossier du programme, puis recommencez.")
+        raison_ = QStringLiteral(
+                      "Korvane ne peut pas protéger la base contre une seconde copie du programme : "
+                      "le fichier %1 ne peut pas servir de verrou (%2).\n"
+                      "Vérifiez les droits du dossier du programme, puis recommencez.")
                       .arg(nom, raison_);
         return Resultat::Impossible;
     }
@@ -44,9 +45,10 @@ InstanceUnique::Resultat InstanceUnique::acquerir() {
         const bool tenu = errno == EWOULDBLOCK;
         ::close(fd);
         if (tenu) return Resultat::Occupe;
-        raison_ = QStringLiteral("Korvane ne peut pas protéger la base contre une seconde copie du programme : "
-                                 "le verrou %1 ne peut pas être pris.\n"
-                                 "Vérifiez que le dossier du programme est sur un disque local, puis recommencez.")
+        raison_ = QStringLiteral(
+                      "Korvane ne peut pas protéger la base contre une seconde copie du programme : "
+                      "le verrou %1 ne peut pas être pris.\n"
+                      "Vérifiez que le dossier du programme est sur un disque local, puis recommencez.")
                       .arg(QFileInfo(cheminVerrou_).fileName());
         return Resultat::Impossible;
     }

@@ -8,7 +8,10 @@
 namespace Generateur {
 
 namespace {
-enum Classe { Minuscules, Majuscules, Chiffres, Signes };
+enum Classe { Minuscules,
+              Majuscules,
+              Chiffres,
+              Signes };
 
 // The class of a character of the alphabet; -1 for the blank and the degree sign,
 // which a password is better without.

@@ -21,7 +21,9 @@ constexpr int kLargeurDefaut = 960;  // twips, the columns nobody sizes
 
 // Where a cell's picture comes from: the fixed pictures of title, section and
 // folder rows, or the icon library. Both are numbered from 1.
-enum class Source : quint8 { Aucune, Titre, Contenu };
+enum class Source : quint8 { Aucune,
+                             Titre,
+                             Contenu };
 
 // Cell alignments, numbered as the grid's callers know them.
 enum Alignement : quint8 {
@@ -100,7 +102,7 @@ public:
     int largeurPixels(int colonne) const { return enPixels(ColWidth(colonne)); }
     int hautPixels(int l) const;  // top of the row from the top of row 0
     int hauteurTotalePixels() const { return hautPixels(Rows()); }
-    int ligneAuPixel(int y) const;    // the row that covers y, or -1
+    int ligneAuPixel(int y) const;  // the row that covers y, or -1
 
     int BackColor = 16777215;     // behind cells without a colour of their own
     int BackColorBkg = 16777215;  // below the last row
@@ -111,7 +113,7 @@ private:
     static constexpr int kLongueurMax = 0xFFFF;
     struct Ligne {
         std::array<Cellule, kColonnes> cellules;
-        QString textes;                           // the cells' texts end to end
+        QString textes;  // the cells' texts end to end
         std::array<quint16, kColonnes> longueurs{};
         int hauteur = kHauteurDefaut;
         bool fusion = false;

@@ -10,7 +10,7 @@
 class ListeImages {
 public:
     struct Entree {
-        QString cle;  // "A " + Num
+        QString cle;   // "A " + Num
         QImage image;  // null when the stored bytes were no picture
         QString tag;   // Libelle
     };

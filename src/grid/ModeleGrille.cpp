@@ -7,7 +7,7 @@ using grille::Source;
 
 namespace {
 
-constexpr int kHauteurTitre = 370;    // twips
+constexpr int kHauteurTitre = 370;  // twips
 constexpr int kHauteurSection = 340;
 constexpr int kHauteurDossier = 370;
 constexpr int kHauteurDocument = 240;

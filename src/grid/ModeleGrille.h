@@ -128,7 +128,7 @@ public:
     // Read access for the painting and for the checks of the tests.
     const grille::Grille &cellules() const { return flxGrd; }
     const ListeImages &imagesContenu() const { return imgCONTENU; }
-    QString texte(int ligne, int colonne) const;  // empty when the cell doesn't exist
+    QString texte(int ligne, int colonne) const;    // empty when the cell doesn't exist
     QStringView vue(int ligne, int colonne) const;  // the same, read in place
     int ligneMarquee() const { return LigneMarquee; }
     int ligneGras() const { return LigneGras; }
@@ -146,7 +146,7 @@ public:
 protected:
     virtual void demanderAffichage() {}  // something changed while Redraw is on
     virtual void leverClick() {}
-    virtual void appliquerCadre() {}     // Appearance or BorderStyle changed
+    virtual void appliquerCadre() {}  // Appearance or BorderStyle changed
     virtual void appliquerEnabled() {}
     // How far the row lies above where row 0 would put it: the scroll, for the rows that scroll.
     virtual int decalageVertical(int ligne) const {

@@ -17,7 +17,7 @@ constexpr QStringView kTip = u"Tip:";
 constexpr QStringView kTexte = u"Text:";
 
 // Flags: written bare, they answer "True".
-constexpr QStringView kDrapeaux[] = {u"Raised",      u"Bold",   u"Italic",  u"Underline", u"NoScroll",
+constexpr QStringView kDrapeaux[] = {u"Raised", u"Bold", u"Italic", u"Underline", u"NoScroll",
                                      u"Transparent", u"ImgBkg", u"Default", u"Sidebar"};
 
 bool memeMot(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
@@ -274,8 +274,10 @@ bool lireHexa(QStringView v, int *couleur) {
     for (QChar c : chiffres) {
         const char16_t u = c.toLower().unicode();
         int chiffre = -1;
-        if (u >= u'0' && u <= u'9') chiffre = u - u'0';
-        else if (u >= u'a' && u <= u'f') chiffre = u - u'a' + 10;
+        if (u >= u'0' && u <= u'9')
+            chiffre = u - u'0';
+        else if (u >= u'a' && u <= u'f')
+            chiffre = u - u'a' + 10;
         if (chiffre < 0) return false;
         n = n * 16 + uint(chiffre);
     }

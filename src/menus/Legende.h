@@ -52,7 +52,10 @@ QString TexteLitteral(const QString &texte);
 // digits (as a plain number), or the name of a control of the owning window, with an
 // optional index in parentheses ("ImTool(1)"). The empty value names nothing.
 struct ReferenceImage {
-    enum class Genre { Aucune, Numero, ListeImages, Controle };
+    enum class Genre { Aucune,
+                       Numero,
+                       ListeImages,
+                       Controle };
     Genre genre = Genre::Aucune;
     qint64 numero = 0;  // Numero and ListeImages
     QString nom;        // Controle

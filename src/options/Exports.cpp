@@ -142,7 +142,6 @@ QStringView sansBlancs(QStringView texte) {
 
 QStringView nomDossier(const Instantane &g, int ligne) { return sansBlancs(g.champ(ligne, 0)); }
 
-
 std::array<QByteArray, kNbChamps> libelles() {
     std::array<QByteArray, kNbChamps> l;
     for (int k = 0; k < kNbChamps; ++k) l[size_t(k)] = Chaine(kChainePremierLibelle + k).toUtf8();
@@ -368,7 +367,8 @@ QString NettoyerXml(QStringView texte) {
     net.reserve(texte.size());
     for (const QChar c : texte) {
         if (c == u' ') continue;
-        net.append(c == u'é' ? QChar(u'e') : c == u'°' ? QChar(u' ') : c);
+        net.append(c == u'é' ? QChar(u'e') : c == u'°' ? QChar(u' ')
+                                                       : c);
     }
     return net;
 }

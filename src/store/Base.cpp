@@ -80,17 +80,25 @@ void verifier(int code, const QString &nom) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         throw ErreurBase(QStringLiteral("La base %1 est utilisée par un autre programme.\n"
-                                        "Fermez-le, puis recommencez : rien n'a été modifié.").arg(nom), code);
+                                        "Fermez-le, puis recommencez : rien n'a été modifié.")
+                             .arg(nom),
+                         code);
     case SQLITE_READONLY:
     case SQLITE_PERM:
         throw ErreurBase(QStringLiteral("La base %1 est en lecture seule : la modification n'a pas été enregistrée.\n"
-                                        "Vérifiez les droits du fichier et de son dossier.").arg(nom), code);
+                                        "Vérifiez les droits du fichier et de son dossier.")
+                             .arg(nom),
+                         code);
     case SQLITE_CANTOPEN:
         throw ErreurBase(QStringLiteral("Impossible d'ouvrir la base %1.\n"
-                                        "Vérifiez qu'elle existe et que son dossier est accessible.").arg(nom), code);
+                                        "Vérifiez qu'elle existe et que son dossier est accessible.")
+                             .arg(nom),
+                         code);
     case SQLITE_NOTADB:
         throw ErreurBase(QStringLiteral("Le fichier %1 n'est pas une base Korvane, "
-                                        "ou il est protégé par un autre mot de passe.").arg(nom), code);
+                                        "ou il est protégé par un autre mot de passe.")
+                             .arg(nom),
+                         code);
     case SQLITE_FULL:
         throw ErreurBase(QStringLiteral("Le disque est plein : la modification n'a pas été enregistrée dans %1.").arg(nom), code);
     case SQLITE_CORRUPT:
@@ -101,15 +109,16 @@ void verifier(int code, const QString &nom) {
         throw ErreurBase(QStringLiteral("La mémoire manque pour lire la base %1 : rien n'a été modifié.").arg(nom), code);
     case SQLITE_ERROR:
         throw ErreurBase(QStringLiteral("La base %1 n'a pas la forme d'une base Korvane : l'opération a été refusée, "
-                                        "rien n'a été modifié.").arg(nom), code);
+                                        "rien n'a été modifié.")
+                             .arg(nom),
+                         code);
     default:
         throw ErreurBase(QStringLiteral("La base %1 a refusé l'opération (erreur %2) : rien n'a été modifié.").arg(nom).arg(code), code);
     }
 }
 
 Connexion::Connexion(const QString &chemin, bool creer, const QString &nomAffiche, bool lecture)
-    : chemin_(cheminEffectif(chemin)), affiche_(nomAffiche.isEmpty() ? nomFichier(chemin_) : nomAffiche),
-      endommagee_(estEndommagee(chemin_)) {
+    : chemin_(cheminEffectif(chemin)), affiche_(nomAffiche.isEmpty() ? nomFichier(chemin_) : nomAffiche), endommagee_(estEndommagee(chemin_)) {
     const QByteArray cheminLocal = QFile::encodeName(chemin_);
     // The owner's own choice stands, even for an account the system lets write anywhere.
     const QFileInfo info(chemin_);
@@ -140,7 +149,8 @@ void Connexion::verifier(int code) const {
     if (endommagee_ && (code & 0xff) == SQLITE_READONLY)
         throw ErreurBase(QStringLiteral("La base %1 est endommagée : Korvane la garde en lecture seule, "
                                         "la modification n'a pas été enregistrée.\n"
-                                        "Pour reprendre une base saine, utilisez « Ouvrir une base ».").arg(affiche_),
+                                        "Pour reprendre une base saine, utilisez « Ouvrir une base ».")
+                             .arg(affiche_),
                          code);
     Base::verifier(code, affiche_);
 }
@@ -226,8 +236,8 @@ QByteArray Requete::octets(int colonne) const {
 }
 
 QStringList dossiersModeles() {
-    return {QStringLiteral("Comptes"),      QStringLiteral("Logiciels"),     QStringLiteral("Favoris"),
-            QStringLiteral("Messagerie"),   QStringLiteral("Réseau"),        QStringLiteral("Sites web")};
+    return {QStringLiteral("Comptes"), QStringLiteral("Logiciels"), QStringLiteral("Favoris"),
+            QStringLiteral("Messagerie"), QStringLiteral("Réseau"), QStringLiteral("Sites web")};
 }
 
 namespace {
@@ -289,8 +299,7 @@ struct TableAttendue {
 const TableAttendue kTables[] = {
     {"Compte", {"NumCompte", "Login", "Pass"}},
     {"Dossiers", {"NumCompte", "Num", "Nom"}},
-    {"Documents", {"NumCompte", "Num", "NumDossier", "Titre", "LoginDoc", "MotDePasse", "Url", "Fichier", "DateDebut",
-                   "DateFin", "Remarques", "Icone"}},
+    {"Documents", {"NumCompte", "Num", "NumDossier", "Titre", "LoginDoc", "MotDePasse", "Url", "Fichier", "DateDebut", "DateFin", "Remarques", "Icone"}},
     {"Icones", {"Num", "ico", "Libelle"}},
 };
 
@@ -338,7 +347,8 @@ bool integre(Connexion &c) {
     return saine;
 }
 
-enum class Etat { Saine, Endommagee };
+enum class Etat { Saine,
+                  Endommagee };
 
 // Throws ErreurBase when the file is no Korvane base; says whether it is damaged inside.
 Etat examiner(const QString &chemin) {
@@ -356,8 +366,9 @@ bool estBaseKorvane(const QString &chemin, QString *raison) {
     try {
         if (examiner(chemin) == Etat::Saine) return true;
         if (raison)
-            *raison = QStringLiteral("La base %1 est endommagée : la vérification de son contenu y trouve des erreurs.\n"
-                                     "Elle n'a pas été modifiée.")
+            *raison = QStringLiteral(
+                          "La base %1 est endommagée : la vérification de son contenu y trouve des erreurs.\n"
+                          "Elle n'a pas été modifiée.")
                           .arg(nomFichier(cheminEffectif(chemin)));
         return false;
     } catch (const ErreurBase &e) {
@@ -400,20 +411,26 @@ QString preparerBase(const QString &cheminDemande) {
         const int code = e.code() & 0xff;
         if (!copie || (e.code() != 0 && code != SQLITE_CORRUPT && code != SQLITE_NOTADB)) throw;
         throw ErreurBase(e.message() + QStringLiteral("\nLa base précédente est gardée dans %1 : pour la reprendre, "
-                                                      "donnez-lui le nom %2.").arg(sauvegarde, nomFichier(chemin)),
+                                                      "donnez-lui le nom %2.")
+                                           .arg(sauvegarde, nomFichier(chemin)),
                          e.code());
     }
     if (etat == Etat::Saine) return {};
     basesEndommagees().insert(cle(chemin));
-    QString avis = QStringLiteral("La base %1 est endommagée : la vérification de son contenu y trouve des erreurs.\n"
-                                  "Korvane l'ouvre en lecture seule : vous pouvez lire ce qu'elle contient, rien n'y sera écrit.\n")
+    QString avis = QStringLiteral(
+                       "La base %1 est endommagée : la vérification de son contenu y trouve des erreurs.\n"
+                       "Korvane l'ouvre en lecture seule : vous pouvez lire ce qu'elle contient, rien n'y sera écrit.\n")
                        .arg(nomFichier(chemin));
     if (copie)
-        avis += QStringLiteral("La base précédente est gardée dans %1 : pour la reprendre, choisissez "
-                               "« Ouvrir une base », puis ce fichier.").arg(sauvegarde);
+        avis += QStringLiteral(
+                    "La base précédente est gardée dans %1 : pour la reprendre, choisissez "
+                    "« Ouvrir une base », puis ce fichier.")
+                    .arg(sauvegarde);
     else
-        avis += QStringLiteral("Aucune copie de la base précédente (%1) n'existe : si vous en avez enregistré une ailleurs, "
-                               "choisissez « Ouvrir une base », puis cette copie.").arg(sauvegarde);
+        avis += QStringLiteral(
+                    "Aucune copie de la base précédente (%1) n'existe : si vous en avez enregistré une ailleurs, "
+                    "choisissez « Ouvrir une base », puis cette copie.")
+                    .arg(sauvegarde);
     return avis;
 }
 

@@ -40,7 +40,7 @@ public:
     sqlite3 *db() const { return db_; }
     const QString &nomAffiche() const { return affiche_; }
     void executer(const char *sql);  // statements without parameters or results
-    void verifier(int code) const;    // Base::verifier for this base
+    void verifier(int code) const;   // Base::verifier for this base
     int changements() const;         // rows changed by the last statement
     qint64 dernierRowid() const;     // row of the last insertion
 
@@ -70,8 +70,8 @@ public:
     Requete &lierOctets(int indice, const QByteArray &valeur);
     Requete &lierNull(int indice);
 
-    bool suivante();    // true while there is a row
-    void executer();    // runs to the end
+    bool suivante();  // true while there is a row
+    void executer();  // runs to the end
 
     bool estNull(int colonne) const;
     int entier(int colonne) const;

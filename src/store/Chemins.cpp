@@ -56,8 +56,9 @@ bool preparerDossierProgramme(QString *raison) {
     // Made for Korvane, the user's alone, as the desktop's own rules ask for the data folders.
     if (FichierEntier::creerDossier(dossier)) return true;
     if (raison)
-        *raison = QStringLiteral("Le dossier de Korvane %1 n'a pas pu être créé.\n"
-                                 "Vérifiez les droits de son dossier parent et la place libre sur le disque.")
+        *raison = QStringLiteral(
+                      "Le dossier de Korvane %1 n'a pas pu être créé.\n"
+                      "Vérifiez les droits de son dossier parent et la place libre sur le disque.")
                       .arg(QDir::toNativeSeparators(dossier));
     return false;
 }

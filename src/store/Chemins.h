@@ -25,7 +25,7 @@ QString dossierAide();
 // with the French reason, when it can't be made.
 bool preparerDossierProgramme(QString *raison);
 
-QString cheminBase();       // korvane.kvx
-QString dossierEdition();   // edition, the export folder
+QString cheminBase();      // korvane.kvx
+QString dossierEdition();  // edition, the export folder
 
 }  // namespace Chemins

@@ -9,7 +9,7 @@ namespace Comptes {
 
 struct Compte {
     int num = 0;
-    QString login;       // null login reads as empty
+    QString login;  // null login reads as empty
     bool loginNul = false;
     QString passStocke;  // enciphered
 };

@@ -16,7 +16,8 @@ namespace {
 [[noreturn]] void echec(const QString &cible, const QString &raison) {
     throw Base::ErreurBase(QStringLiteral("La copie vers %1 a échoué : %2.\n"
                                           "Vérifiez les droits du dossier et la place libre sur le disque. "
-                                          "Le fichier %1 n'a pas été modifié.").arg(QFileInfo(cible).fileName(), raison));
+                                          "Le fichier %1 n'a pas été modifié.")
+                               .arg(QFileInfo(cible).fileName(), raison));
 }
 
 // Writes the whole of source into sortie, a hidden file beside its target that only
@@ -62,7 +63,8 @@ void copier(const QString &cible) {
     for (const QString &propre : {Chemins::cheminBase(), cheminSauvegarde(), Base::cheminVerrou(Chemins::cheminBase())})
         if (memeFichier(cible, propre))
             throw Base::ErreurBase(QStringLiteral("Korvane utilise lui-même le fichier %1 : choisissez un autre nom.\n"
-                                                  "Rien n'a été copié.").arg(QFileInfo(propre).fileName()));
+                                                  "Rien n'a été copié.")
+                                       .arg(QFileInfo(propre).fileName()));
     copierEntier(Chemins::cheminBase(), cible);
 }
 
@@ -87,11 +89,15 @@ QString reprendreBaseVoisine() {
     const QString ici = QDir::toNativeSeparators(voisine), la = QDir::toNativeSeparators(Chemins::dossierProgramme());
     QString raison;
     if (!Base::estBaseKorvane(voisine, &raison))
-        return QStringLiteral("La base %1 n'a pas été reprise :\n%2\nKorvane commence une base neuve dans %3 ; "
-                              "le fichier %1 n'a pas été modifié.").arg(ici, raison, la);
+        return QStringLiteral(
+                   "La base %1 n'a pas été reprise :\n%2\nKorvane commence une base neuve dans %3 ; "
+                   "le fichier %1 n'a pas été modifié.")
+            .arg(ici, raison, la);
     copierEntier(voisine, Chemins::cheminBase());
-    return QStringLiteral("Korvane garde désormais sa base dans %2, car il ne peut pas écrire à côté du programme.\n"
-                          "La base %1 y a été copiée ; l'originale n'a pas été modifiée.").arg(ici, la);
+    return QStringLiteral(
+               "Korvane garde désormais sa base dans %2, car il ne peut pas écrire à côté du programme.\n"
+               "La base %1 y a été copiée ; l'originale n'a pas été modifiée.")
+        .arg(ici, la);
 }
 
 }  // namespace CopieBase

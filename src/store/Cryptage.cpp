@@ -237,8 +237,9 @@ QString MessageHorsAlphabet(const QString &texte) {
     return (noms.size() == 1 ? QStringLiteral("Ce caractère ne peut pas être enregistré : %1.")
                              : QStringLiteral("Ces caractères ne peuvent pas être enregistrés : %1."))
                .arg(noms.join(QStringLiteral(", "))) +
-           QStringLiteral("\nLes lettres accentuées, le tilde, l'accent grave, la tabulation et les retours à la ligne "
-                          "sont refusés. Remplacez-les, puis recommencez.");
+           QStringLiteral(
+               "\nLes lettres accentuées, le tilde, l'accent grave, la tabulation et les retours à la ligne "
+               "sont refusés. Remplacez-les, puis recommencez.");
 }
 
 namespace {

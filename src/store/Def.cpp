@@ -3,7 +3,6 @@
 #include "Base.h"
 #include "Session.h"
 
-
 using Base::Connexion;
 using Base::Requete;
 
@@ -52,9 +51,11 @@ qint64 ligneUnique(Connexion &c, bool dossier, qint64 rowid, int num, int numDos
     const qint64 trouvee = r.entierLong(0);
     if (r.suivante())
         throw Base::ErreurBase(dossier ? QStringLiteral("Plusieurs dossiers portent le numéro %1 : choisissez-le dans la "
-                                                        "liste. Rien n'a été modifié.").arg(num)
+                                                        "liste. Rien n'a été modifié.")
+                                             .arg(num)
                                        : QStringLiteral("Plusieurs documents portent le numéro %1 : choisissez-le dans la "
-                                                        "liste. Rien n'a été modifié.").arg(num));
+                                                        "liste. Rien n'a été modifié.")
+                                             .arg(num));
     return trouvee;
 }
 
@@ -106,7 +107,7 @@ void oublierSelectionGrille(const SelectionGrille *grille) {
 }
 
 QString nomChampDocument(int indice) {
-    static const char *const kNoms[] = {"Titre", "LoginDoc", "MotDePasse", "Url",      "Fichier",
+    static const char *const kNoms[] = {"Titre", "LoginDoc", "MotDePasse", "Url", "Fichier",
                                         "DateDebut", "DateFin", "Remarques", "Icone"};
     if (indice < 3 || indice > 11) return {};
     return QString::fromLatin1(kNoms[indice - 3]);

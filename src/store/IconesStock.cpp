@@ -33,9 +33,12 @@ QList<Icone> icones() {
         const char16_t *libelle;
         const char *fichier;
     } kStock[] = {
-        {u"Compte", ":/art/compte.svg"},   {u"Logiciels", ":/art/logiciels.svg"},
-        {u"Favoris", ":/art/favoris.svg"}, {u"Email", ":/art/email.svg"},
-        {u"Login réseau", ":/art/login_reseau.svg"}, {u"Web", ":/art/web.svg"},
+        {u"Compte", ":/art/compte.svg"},
+        {u"Logiciels", ":/art/logiciels.svg"},
+        {u"Favoris", ":/art/favoris.svg"},
+        {u"Email", ":/art/email.svg"},
+        {u"Login réseau", ":/art/login_reseau.svg"},
+        {u"Web", ":/art/web.svg"},
     };
     QList<Icone> liste;
     for (const auto &s : kStock)

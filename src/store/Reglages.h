@@ -8,23 +8,23 @@
 namespace Reglages {
 
 enum class Cle {
-    Username,          // Login: login as last typed
-    Demarrage,         // Settings: 0 until the first start has registered .kvx
-    Windowstate,       // Settings: 2 maximised, else normal
-    MainLeft,          // Settings: main window left, in twips
-    MainTop,           // Settings: main window top, in twips
-    Edition,           // Settings: export format chosen
-    Options,           // Settings: options page last shown
-    Backcolor,         // Couleurs
+    Username,     // Login: login as last typed
+    Demarrage,    // Settings: 0 until the first start has registered .kvx
+    Windowstate,  // Settings: 2 maximised, else normal
+    MainLeft,     // Settings: main window left, in twips
+    MainTop,      // Settings: main window top, in twips
+    Edition,      // Settings: export format chosen
+    Options,      // Settings: options page last shown
+    Backcolor,    // Couleurs
     CouleurTitre,
     CouleurSection,
     CouleurParent,
     CouleurFils,
     CouleurSelection,
-    FontName,          // Font
+    FontName,  // Font
     FontColor,
-    PressePapiers,     // Settings: seconds before a copy leaves the clipboard, 0 never
-    MotsDePasse,       // Affichage: passwords shown in the grid (-1) or as dots (0)
+    PressePapiers,  // Settings: seconds before a copy leaves the clipboard, 0 never
+    MotsDePasse,    // Affichage: passwords shown in the grid (-1) or as dots (0)
 };
 
 struct Definition {

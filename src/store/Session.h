@@ -6,14 +6,14 @@
 
 namespace Session {
 
-inline int NumCompteCourant = 0;      // logged-in account; every query restricts on it
-inline QString LoginCourant;          // login as the user typed it
-inline QString PassCourant;           // plain password
+inline int NumCompteCourant = 0;  // logged-in account; every query restricts on it
+inline QString LoginCourant;      // login as the user typed it
+inline QString PassCourant;       // plain password
 // How the login window was opened: none at program start.
 enum class Mode : int {
-    Principale = 0,    // not opened: the main window is up
-    NouveauCompte = 1, // to create an account
-    AutreCompte = 2,   // to change account, or after a base was opened
+    Principale = 0,     // not opened: the main window is up
+    NouveauCompte = 1,  // to create an account
+    AutreCompte = 2,    // to change account, or after a base was opened
 };
 inline std::optional<Mode> ModeLogin;
 // True from a successful login until the base under it is replaced: only then is

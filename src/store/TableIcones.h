@@ -8,8 +8,8 @@
 namespace TableIcones {
 
 struct Ligne {
-    QString num;      // as stored
-    QByteArray ico;   // the picture file's bytes; empty when not asked for
+    QString num;     // as stored
+    QByteArray ico;  // the picture file's bytes; empty when not asked for
     QString libelle;
 };
 

@@ -10,11 +10,11 @@
 namespace Apparence {
 
 // ---- The palette ---------------------------------------------------------------
-inline const QColor kEncre(0x1f, 0x2a, 0x44);   // text on the light backgrounds
-inline const QColor kMarine(0x2e, 0x3f, 0x66);  // strips, headers, selections
-inline const QColor kOr(0xe0, 0xa5, 0x26);      // what the pointer or the focus is on
-inline const QColor kArdoise(0x8c, 0x98, 0xb0); // borders at rest
-inline const QColor kAmbre(255, 204, 59);       // in-place boxes, calendar panels
+inline const QColor kEncre(0x1f, 0x2a, 0x44);    // text on the light backgrounds
+inline const QColor kMarine(0x2e, 0x3f, 0x66);   // strips, headers, selections
+inline const QColor kOr(0xe0, 0xa5, 0x26);       // what the pointer or the focus is on
+inline const QColor kArdoise(0x8c, 0x98, 0xb0);  // borders at rest
+inline const QColor kAmbre(255, 204, 59);        // in-place boxes, calendar panels
 
 // ---- Style sheets --------------------------------------------------------------
 // The captions of the boxes in the windows' light content.

@@ -17,7 +17,6 @@ PressePapiers::PressePapiers() {
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { effacerSiIntact(); });
 }
 
-
 QMimeData *PressePapiers::donnees(const QString &texte, bool secret) {
     auto *d = new QMimeData;
     d->setText(texte);

@@ -43,8 +43,9 @@ class TestFrmAjoutDoc : public QObject {
     SelectionDossier selection;
 
     QStringList documents() {
-        return sql(QStringLiteral("SELECT NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, "
-                                  "DateFin, Remarques, Icone FROM Documents ORDER BY Num"));
+        return sql(QStringLiteral(
+            "SELECT NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier, DateDebut, "
+            "DateFin, Remarques, Icone FROM Documents ORDER BY Num"));
     }
     // Types the text; what the keyboard simulation can't type is pasted.
     void taper(QLineEdit *e, const QString &t) {
@@ -89,8 +90,8 @@ private slots:
 
     void leTitreEstExigePuisToutEstEcritTelQueSaisi() {
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
-            "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (2, 41, 10, 'autre compte');"
-            "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (1, 7, 10, 'ancien');"));
+                                                     "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (2, 41, 10, 'autre compte');"
+                                                     "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES (1, 7, 10, 'ancien');"));
         FrmAjoutDoc f;
         ouvrir(f);
         const QStringList textes = {QStringLiteral("   "), QStringLiteral("jean.dupont"), QStringLiteral("Pa55-word!"),
@@ -121,7 +122,8 @@ private slots:
         // nothing enciphered, an empty field empty, a full one whole, the last icon.
         QCOMPARE(documents().size(), 3);
         QCOMPARE(documents().last(), QStringLiteral("1|42|10|  Crédit Agricole|jean.dupont|Pa55-word!|https://www.ca.fr||"
-                                                    "n'importe quoi|31/12/2027|%1|5").arg(QString(255, u'é')));
+                                                    "n'importe quoi|31/12/2027|%1|5")
+                                         .arg(QString(255, u'é')));
         QVERIFY(CrypterChamp(textes[1]) != textes[1]);
         QCOMPARE(sql(QStringLiteral("SELECT Fichier IS NULL FROM Documents WHERE Num=42")), QStringList{QStringLiteral("0")});
     }

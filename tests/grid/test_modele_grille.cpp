@@ -244,7 +244,7 @@ TEST(ModeleGrille, ReDessinerReprendCouleursEtIcones) {
     EnvironnementTest env(false);
     GrilleEssai g;
     GrilleExemple::charger(g, {{"A", 2}, {"B", 1}});  // A 2 (3, 4), B 5 (6)
-    g.SelectLine(5);  // B closed: its document waits at height 0
+    g.SelectLine(5);                                  // B closed: its document waits at height 0
     const QList<Reglages::Cle> cles = {Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
                                        Reglages::Cle::CouleurParent, Reglages::Cle::CouleurFils};
     for (int i = 0; i < cles.size(); ++i) Reglages::ecrire(cles[i], 11 * (i + 1));
@@ -258,9 +258,9 @@ TEST(ModeleGrille, ReDessinerReprendCouleursEtIcones) {
     EXPECT_EQ(couleurs, QList<int>({11, 22, 33, 44, 44}));
     EXPECT_EQ(g.cellules().BackColor, 15790320);
     EXPECT_EQ(g.cellules().GridColor, 15790320);
-    EXPECT_EQ(cel(g, 3, 1).image, 5);                // the new icon shows
-    EXPECT_EQ(cel(g, 4, 1).source, Source::Aucune);  // 0: no icon, no failure
-    EXPECT_EQ(cel(g, 6, 1).source, Source::Contenu); // back inside the closed folder
+    EXPECT_EQ(cel(g, 3, 1).image, 5);                 // the new icon shows
+    EXPECT_EQ(cel(g, 4, 1).source, Source::Aucune);   // 0: no icon, no failure
+    EXPECT_EQ(cel(g, 6, 1).source, Source::Contenu);  // back inside the closed folder
     EXPECT_EQ(hauteur(g, 6), 0);
 
     g.Backcolor(-1);
@@ -280,8 +280,9 @@ TEST(ModeleGrille, IconesDeLaBase) {
 
     // Bytes that are no picture keep their place, so the next icon keeps its number.
     const QString base = Chemins::cheminBase();
-    ASSERT_TRUE(BaseSql::executer(base, "INSERT INTO Icones SELECT 8, ico, 'Copie' FROM Icones WHERE Num = 1;"
-                                        "INSERT INTO Icones VALUES (7, X'00112233', 'Cassée');"));
+    ASSERT_TRUE(BaseSql::executer(base,
+                                  "INSERT INTO Icones SELECT 8, ico, 'Copie' FROM Icones WHERE Num = 1;"
+                                  "INSERT INTO Icones VALUES (7, X'00112233', 'Cassée');"));
     ASSERT_TRUE(g.ChargerIconesDatabase());
     ASSERT_EQ(liste.nombre(), 8);
     EXPECT_TRUE(liste.image(7).isNull());
@@ -323,7 +324,7 @@ TEST(ModeleGrille, LeClavierPasseLesLignesCacheesSansBasculer) {
     EnvironnementTest env(false);
     GrilleEssai g;
     GrilleExemple::charger(g, {{"A", 2}, {"B", 2}, {"C", 0}});  // folders at 2, 5 and 8
-    g.SelectLine(2);  // closes A
+    g.SelectLine(2);                                            // closes A
     EXPECT_EQ(g.LigneVisibleVoisine(2, 1), 5);
     EXPECT_EQ(g.LigneVisibleVoisine(5, -1), 2);
     EXPECT_EQ(g.LigneVisibleVoisine(2, -1), -1);  // never the headings

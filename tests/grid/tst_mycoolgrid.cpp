@@ -29,7 +29,7 @@ private slots:
     void clicsSurUnDossierEtUnDocument() {
         EnvironnementTest env;
         MyCoolGrid g;
-        QCOMPARE(g.imagesContenu().nombre(), 6);  // the library is read when the grid is made
+        QCOMPARE(g.imagesContenu().nombre(), 6);          // the library is read when the grid is made
         GrilleExemple::charger(g, {{"A", 3}, {"B", 2}});  // A 2 (3..5), B 6 (7, 8)
         g.resize(700, 300);
         g.show();

@@ -146,7 +146,7 @@ private slots:
             QWidget fenetre;
             auto *menu = new QMenu(&fenetre);
             menu->addAction(noScroll ? QStringLiteral("{Sidebar|Text:Liste|BColor:255|NoScroll}")
-                                    : QStringLiteral("{Sidebar|Text:Liste|BColor:255}"));
+                                     : QStringLiteral("{Sidebar|Text:Liste|BColor:255}"));
             for (int i = 0; i < 200; ++i) menu->addAction(QStringLiteral("Élément %1").arg(i));
             AttacherMenus(&fenetre, &images, nullptr, 0);
             const QImage vue = montrer(menu);

@@ -72,80 +72,86 @@ TEST(Exports, ContenusDesQuatreFichiers) {
     remplir(g);
 
     const QByteArray htm = kTeteHtml + lignes({
-        "<br>",
-        "<tr>",
-        "<td colspan='8'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='red'>[Banque é°]<br>",
-        "</font></td>",
-        "</tr>",
-    }) + kEspaceur + lignes({
-        "<tr>",
-        "<td width='6%'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'></font></td>",
-        "<br><td width='13%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Titre</b> : Ma banque</font></td>",
-        "<br><td width='9%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Login</b> : jean;dupont</font></td>",
-        "<br><td width='10%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Mot de passe</b> : mon mot de passe</font></td>",
-        "<br><td width='12%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Url</b> : https://a.fr/?x=1&y=2</font></td>",
-        "<br><td width='11%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Fichier</b> : <vide></font></td>",
-        "<br><td width='10%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Date de début</b> : 01/02/2024</font></td>",
-        "<br><td width='29%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Date de fin</b> : </font></td>",
-        "</tr>",
-        "<tr>",
-        "<td width='6%'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'></font></td>",
-        "<br><td colspan='7'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='0'>&nbsp;&nbsp;&nbsp;&nbsp;n° 5 é</font></td><br>",
-        "</tr>",
-    }) + kEspaceur + lignes({
-        "<br>",
-        "<tr>",
-        "<td colspan='8'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='red'>[Vide]<br>",
-        "</font></td>",
-        "</tr>",
-    }) + kEspaceur + kQueueHtml;
+                                           "<br>",
+                                           "<tr>",
+                                           "<td colspan='8'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='red'>[Banque é°]<br>",
+                                           "</font></td>",
+                                           "</tr>",
+                                       }) +
+                           kEspaceur + lignes({
+                                           "<tr>",
+                                           "<td width='6%'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'></font></td>",
+                                           "<br><td width='13%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Titre</b> : Ma banque</font></td>",
+                                           "<br><td width='9%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Login</b> : jean;dupont</font></td>",
+                                           "<br><td width='10%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Mot de passe</b> : mon mot de passe</font></td>",
+                                           "<br><td width='12%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Url</b> : https://a.fr/?x=1&y=2</font></td>",
+                                           "<br><td width='11%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Fichier</b> : <vide></font></td>",
+                                           "<br><td width='10%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Date de début</b> : 01/02/2024</font></td>",
+                                           "<br><td width='29%'><b><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'>&nbsp;&nbsp;&nbsp;&nbsp;Date de fin</b> : </font></td>",
+                                           "</tr>",
+                                           "<tr>",
+                                           "<td width='6%'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='#FFFFFF'></font></td>",
+                                           "<br><td colspan='7'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='0'>&nbsp;&nbsp;&nbsp;&nbsp;n° 5 é</font></td><br>",
+                                           "</tr>",
+                                       }) +
+                           kEspaceur + lignes({
+                                           "<br>",
+                                           "<tr>",
+                                           "<td colspan='8'><font face='Verdana, Arial, Helvetica, sans-serif' size='2' color='red'>[Vide]<br>",
+                                           "</font></td>",
+                                           "</tr>",
+                                       }) +
+                           kEspaceur + kQueueHtml;
     EXPECT_EQ(Exports::contenuHtm(g).toStdString(), htm.toStdString());
 
     EXPECT_EQ(Exports::contenuTxt(g).toStdString(), lignes({
-        "",
-        "[Banque é°]",
-        "",
-        "     Titre : Ma banque",
-        "     Login : jean;dupont",
-        "     Mot de passe : mon mot de passe",
-        "     Url : https://a.fr/?x=1&y=2",
-        "     Fichier : <vide>",
-        "     Date de début : 01/02/2024",
-        "     Date de fin : ",
-        "     Remarques : n° 5 é",
-        "",
-        "",
-        "[Vide]",
-        "",
-    }).toStdString());
+                                                               "",
+                                                               "[Banque é°]",
+                                                               "",
+                                                               "     Titre : Ma banque",
+                                                               "     Login : jean;dupont",
+                                                               "     Mot de passe : mon mot de passe",
+                                                               "     Url : https://a.fr/?x=1&y=2",
+                                                               "     Fichier : <vide>",
+                                                               "     Date de début : 01/02/2024",
+                                                               "     Date de fin : ",
+                                                               "     Remarques : n° 5 é",
+                                                               "",
+                                                               "",
+                                                               "[Vide]",
+                                                               "",
+                                                           })
+                                                        .toStdString());
 
     EXPECT_EQ(Exports::contenuCsv(g).toStdString(), lignes({
-        "[Banque é°]",
-        "Ma banque;jean;dupont;mon mot de passe;https://a.fr/?x=1&y=2;<vide>;01/02/2024;;n° 5 é",
-        "[Vide]",
-    }).toStdString());
+                                                               "[Banque é°]",
+                                                               "Ma banque;jean;dupont;mon mot de passe;https://a.fr/?x=1&y=2;<vide>;01/02/2024;;n° 5 é",
+                                                               "[Vide]",
+                                                           })
+                                                        .toStdString());
 
     // Blanks go, "é" becomes "e" and "°" a blank, in names and values alike; a
     // folder closes at the next row, the last one at the end.
     EXPECT_EQ(Exports::contenuXml(g).toStdString(), lignes({
-        "<EditionXml>",
-        "<Dossier>",
-        "[Banquee ]",
-        "</Dossier>",
-        "<Titre>Mabanque",
-        "<Login>jean;dupont</Login>",
-        "<Motdepasse>monmotdepasse</Motdepasse>",
-        "<Url>https://a.fr/?x=1&y=2</Url>",
-        "<Fichier><vide></Fichier>",
-        "<Datededebut>01/02/2024</Datededebut>",
-        "<Datedefin></Datedefin>",
-        "<Remarques>n 5e</Remarques>",
-        "</Titre>",
-        "<Dossier>",
-        "[Vide]",
-        "</Dossier>",
-        "</EditionXml>",
-    }).toStdString());
+                                                               "<EditionXml>",
+                                                               "<Dossier>",
+                                                               "[Banquee ]",
+                                                               "</Dossier>",
+                                                               "<Titre>Mabanque",
+                                                               "<Login>jean;dupont</Login>",
+                                                               "<Motdepasse>monmotdepasse</Motdepasse>",
+                                                               "<Url>https://a.fr/?x=1&y=2</Url>",
+                                                               "<Fichier><vide></Fichier>",
+                                                               "<Datededebut>01/02/2024</Datededebut>",
+                                                               "<Datedefin></Datedefin>",
+                                                               "<Remarques>n 5e</Remarques>",
+                                                               "</Titre>",
+                                                               "<Dossier>",
+                                                               "[Vide]",
+                                                               "</Dossier>",
+                                                               "</EditionXml>",
+                                                           })
+                                                        .toStdString());
 
     // An account with no folders; and rows deleted since they were counted, which
     // NbLignes still counts, give nothing either.

@@ -128,8 +128,9 @@ TEST(Icones, LeReechantillonnageEtireEtLisse) {
 TEST(Icones, MajIconesEcritToutesLesIcones) {
     EnvironnementTest env;
     // A base whose first icon is gone and whose fifth never loaded: numbers 2 to 6.
-    ASSERT_TRUE(BaseSql::executer(Chemins::cheminBase(), "DELETE FROM Icones WHERE Num = 1;"
-                                                         "UPDATE Icones SET ico = X'0011' WHERE Num = 5;"));
+    ASSERT_TRUE(BaseSql::executer(Chemins::cheminBase(),
+                                  "DELETE FROM Icones WHERE Num = 1;"
+                                  "UPDATE Icones SET ico = X'0011' WHERE Num = 5;"));
     ListeImages liste;
     ASSERT_TRUE(liste.chargerBase());
     ASSERT_EQ(liste.nombre(), 5);

@@ -138,9 +138,9 @@ private slots:
             // Colours: chosen on the samples, stored only by "Valider".
             QTest::mouseClick(o->Onglets[FrmOptions::PageCouleurs], Qt::LeftButton);
             ChoixFichier::prevoirCouleurs({0x112233, 0x445566, -1});
-            QTest::mouseClick(o->OCoul[FrmOptions::CouleurFond], Qt::LeftButton);   // background
-            QCOMPARE(o->OCoul[FrmOptions::CouleurDocument]->fond, 0x112233);           // the document sample follows it
-            QTest::mouseClick(o->OCoul[FrmOptions::CouleurDossier], Qt::LeftButton);   // folder labels
+            QTest::mouseClick(o->OCoul[FrmOptions::CouleurFond], Qt::LeftButton);     // background
+            QCOMPARE(o->OCoul[FrmOptions::CouleurDocument]->fond, 0x112233);          // the document sample follows it
+            QTest::mouseClick(o->OCoul[FrmOptions::CouleurDossier], Qt::LeftButton);  // folder labels
             QCOMPARE(Reglages::lireNombre(Reglages::Cle::CouleurParent), 0);
             // A cancel gives back the colour the dialog was given: the sample's back colour.
             QTest::mouseClick(o->OCoul[FrmOptions::CouleurTitre], Qt::LeftButton);

@@ -43,7 +43,6 @@ protected:
     GrilleFactice grille;
 };
 
-
 }  // namespace
 
 TEST_F(Store, UneBaseNeuveAlesModelesEtLesIconesEtSOuvreAvecLaPhrase) {
@@ -121,16 +120,18 @@ TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
     {
         sqlite3 *db = nullptr;
         sqlite3_open(QFile::encodeName(incomplete).constData(), &db);
-        sqlite3_exec(db, "PRAGMA key='Tarvex'; CREATE TABLE Compte (NumCompte, Login); CREATE TABLE Dossiers (NumCompte, Num, Nom);"
-                         "CREATE TABLE Documents (NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier,"
-                         " DateDebut, DateFin, Remarques, Icone); CREATE TABLE Icones (Num, ico, Libelle);",
+        sqlite3_exec(db,
+                     "PRAGMA key='Tarvex'; CREATE TABLE Compte (NumCompte, Login); CREATE TABLE Dossiers (NumCompte, Num, Nom);"
+                     "CREATE TABLE Documents (NumCompte, Num, NumDossier, Titre, LoginDoc, MotDePasse, Url, Fichier,"
+                     " DateDebut, DateFin, Remarques, Icone); CREATE TABLE Icones (Num, ico, Libelle);",
                      nullptr, nullptr, nullptr);
         sqlite3_close(db);
     }
     const QByteArray incompleteAvant = EnvironnementTest::octets(incomplete);
     EXPECT_FALSE(Base::estBaseKorvane(incomplete, &raison));
-    EXPECT_EQ(raison, "Le fichier incomplete.kvx n'est pas une base Korvane complète : la colonne Pass manque dans la "
-                      "table Compte.\nIl n'a pas été modifié.");
+    EXPECT_EQ(raison,
+              "Le fichier incomplete.kvx n'est pas une base Korvane complète : la colonne Pass manque dans la "
+              "table Compte.\nIl n'a pas été modifié.");
     EXPECT_EQ(EnvironnementTest::octets(incomplete), incompleteAvant);
 
     // A link to nothing is called what it is, and not replaced by a new base.
@@ -208,9 +209,10 @@ TEST_F(Store, UneBaseEndommageeAuDemarrageNEstQueLue) {
 
 TEST_F(Store, DeuxLignesDeMemeNumeroNeSeConfondentJamais) {
     // A base edited by hand: two documents and two folders share their numbers.
-    BaseSql::executer(Chemins::cheminBase(), "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES "
-                                             "(1, 5, 2, 'Alpha'), (1, 5, 2, 'Zulu');"
-                                             "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (1, 3, 'Un'), (1, 3, 'Deux');");
+    BaseSql::executer(Chemins::cheminBase(),
+                      "INSERT INTO Documents (NumCompte, Num, NumDossier, Titre) VALUES "
+                      "(1, 5, 2, 'Alpha'), (1, 5, 2, 'Zulu');"
+                      "INSERT INTO Dossiers (NumCompte, Num, Nom) VALUES (1, 3, 'Un'), (1, 3, 'Deux');");
     const QString zulu = sql("SELECT rowid FROM Documents WHERE Titre='Zulu'").value(0);
     const QString deux = sql("SELECT rowid FROM Dossiers WHERE Nom='Deux'").value(0);
     // Without the row of the base, nothing is guessed.
@@ -274,8 +276,9 @@ TEST_F(Store, EcrireDocumentEcritToutOuRien) {
     EXPECT_EQ(sql("SELECT * FROM Documents"), QStringList{"1|7|2|Banque|moi|pw|https://b.example||01/02/2026||r|3"});
     // A write that fails on the third field, after two went through: a new document
     // is not written at all, a changed one keeps every field it had.
-    ASSERT_TRUE(BaseSql::executer(Chemins::cheminBase(), "CREATE TRIGGER refus BEFORE UPDATE OF MotDePasse ON Documents "
-                                                         "BEGIN SELECT RAISE(ABORT, 'disque plein'); END"));
+    ASSERT_TRUE(BaseSql::executer(Chemins::cheminBase(),
+                                  "CREATE TRIGGER refus BEFORE UPDATE OF MotDePasse ON Documents "
+                                  "BEGIN SELECT RAISE(ABORT, 'disque plein'); END"));
     EXPECT_THROW(EcrireDocument(8, champs), Base::ErreurBase);
     EXPECT_EQ(sql("SELECT count(*) FROM Documents WHERE Num=8"), QStringList{"0"});
     grille.selectionner(7, 2);
@@ -316,7 +319,7 @@ TEST_F(Store, LesDossiersSontParCompte) {
     EXPECT_TRUE(EcrireDossier("Banques", 3));
     Session::NumCompteCourant = 2;
     EXPECT_TRUE(EcrireDossier(QString(300, 'D'), 3));  // same number, another account
-    EXPECT_TRUE(EcrireDossier("Travail", 3));           // rename
+    EXPECT_TRUE(EcrireDossier("Travail", 3));          // rename
     EXPECT_EQ(sql("SELECT NumCompte, Num, Nom FROM Dossiers WHERE NumCompte>0 ORDER BY NumCompte"),
               (QStringList{"1|3|Banques", "2|3|Travail"}));
     EXPECT_TRUE(SupprimerDossier(3));

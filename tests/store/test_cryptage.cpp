@@ -106,8 +106,9 @@ TEST(Cryptage, LesCaracteresHorsAlphabetSontNommes) {
     // Each refused character once, in order; a sign beyond the basic plane is one character.
     EXPECT_EQ(HorsAlphabet(QStringLiteral("été~ \U0001F511é")), (QStringList{QStringLiteral("é"), QStringLiteral("~"), QStringLiteral("\U0001F511")}));
     const QString message = MessageHorsAlphabet(QStringLiteral("a\tb\nç\u00a0"));
-    EXPECT_TRUE(message.startsWith(QStringLiteral("Ces caractères ne peuvent pas être enregistrés : la tabulation, "
-                                                  "le retour à la ligne, « ç », l'espace insécable.")))
+    EXPECT_TRUE(message.startsWith(QStringLiteral(
+        "Ces caractères ne peuvent pas être enregistrés : la tabulation, "
+        "le retour à la ligne, « ç », l'espace insécable.")))
         << message.toStdString();
     EXPECT_TRUE(MessageHorsAlphabet(QStringLiteral("x`")).startsWith(QStringLiteral("Ce caractère ne peut pas être enregistré : « ` ».")));
 }

@@ -36,9 +36,10 @@ TEST(Reglages, UnFichierEditeALaMainNeCassePas) {
     EnvironnementTest env(false);
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::MainLeft, 1234), 1234);
     EXPECT_FALSE(QFile::exists(Reglages::cheminFichier()));  // reading writes nothing
-    ecrireFichierReglages("[Couleurs]\nBackcolor=rouge\nCouleurTitre=99999999999999\nCouleurSection=-1\nCouleurFils=16777216\n"
-                          "CouleurParent=16777215\n[Font]\nFontColor=-5\n[Settings]\nWindowstate=\nColonne%204=oui\n"
-                          "garbage line without equals\n[[broken\n");
+    ecrireFichierReglages(
+        "[Couleurs]\nBackcolor=rouge\nCouleurTitre=99999999999999\nCouleurSection=-1\nCouleurFils=16777216\n"
+        "CouleurParent=16777215\n[Font]\nFontColor=-5\n[Settings]\nWindowstate=\nColonne%204=oui\n"
+        "garbage line without equals\n[[broken\n");
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 16777215);
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurTitre), 0);
     // A colour holds 24 bits: outside them, the key's default, as for a word.

@@ -45,7 +45,10 @@ protected:
         for (const auto &[dossier, titre] : std::initializer_list<std::pair<int, const char *>>{
                  {10, "Compte"}, {10, "livret"}, {10, "Compte"}, {12, "Abri"}, {12, "zoo"}, {13, "Élan"}, {13, "été"}}) {
             sql += QStringLiteral("INSERT INTO Documents (NumCompte, Num, NumDossier, Titre, Icone) VALUES (1, %1, %2, '%3', %4);")
-                       .arg(num).arg(dossier).arg(CrypterChamp(QString::fromUtf8(titre))).arg(num % 3);
+                       .arg(num)
+                       .arg(dossier)
+                       .arg(CrypterChamp(QString::fromUtf8(titre)))
+                       .arg(num % 3);
             ++num;
         }
         ASSERT_TRUE(BaseSql::executer(Chemins::cheminBase(), sql));

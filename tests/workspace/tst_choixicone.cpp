@@ -162,13 +162,13 @@ private slots:
         QString tag;
         const bool venu = p.dialogue<FrmAjoutDoc>([f] { QTest::mouseClick(f->Boutons[Bouton::NouveauDocument], Qt::LeftButton); },
                                                   [&](FrmAjoutDoc *d) {
-            d->Saisie[0]->setText(QStringLiteral("Nouveau"));
-            auMenu([](QMenu *menu) { touches(menu, 2); });  // the second item: Favoris, Num 3
-            QTest::keyClick(d->Saisie[0], Qt::Key_I, Qt::ControlModifier);
-            tag = d->Tag;
-            apercu = d->Icone->pixmap().toImage();
-            QTest::mouseClick(d->OK, Qt::LeftButton);
-        });
+                                                      d->Saisie[0]->setText(QStringLiteral("Nouveau"));
+                                                      auMenu([](QMenu *menu) { touches(menu, 2); });  // the second item: Favoris, Num 3
+                                                      QTest::keyClick(d->Saisie[0], Qt::Key_I, Qt::ControlModifier);
+                                                      tag = d->Tag;
+                                                      apercu = d->Icone->pixmap().toImage();
+                                                      QTest::mouseClick(d->OK, Qt::LeftButton);
+                                                  });
         QVERIFY(venu);
         QCOMPARE(tag, QStringLiteral("3"));
         // Nearer to the picture of key "A 3" than to the third picture of the list ("A 4").

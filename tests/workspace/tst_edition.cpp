@@ -405,8 +405,7 @@ private slots:
             QCOMPARE(d->Saisie[2]->text(), genere);
             // Enter makes lines in the remarks; Ctrl+Enter stores.
             QTest::keyClick(d->RemarquesLignes, Qt::Key_Return, Qt::ControlModifier);
-            QVERIFY(!d->isVisible());
-        }));
+            QVERIFY(!d->isVisible()); }));
         const QString remarques = QStringLiteral("note\nBoîte pro, transférée vers La Poste");
         // The same row, the fields changed as typed, the untouched login still enciphered.
         const QStringList attendus = {rowid, QStringLiteral("Compte courant à Noël"), CrypterChamp(QStringLiteral("moi")), genere,

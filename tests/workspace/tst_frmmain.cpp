@@ -153,21 +153,21 @@ private slots:
 
     void leChargementOrdonneDechiffreEtDonneLIcone2() {
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
-            "INSERT INTO Dossiers VALUES (1, 10, 'banques');"
-            "INSERT INTO Dossiers VALUES (1, 11, 'Achats');"
-            "INSERT INTO Dossiers VALUES (1, 12, 'vide');"
-            "INSERT INTO Dossiers VALUES (1, 13, 'zèbre');"
-            "INSERT INTO Dossiers VALUES (1, 14, 'École');"
-            "INSERT INTO Dossiers VALUES (2, 10, 'autre compte');"));
+                                                     "INSERT INTO Dossiers VALUES (1, 10, 'banques');"
+                                                     "INSERT INTO Dossiers VALUES (1, 11, 'Achats');"
+                                                     "INSERT INTO Dossiers VALUES (1, 12, 'vide');"
+                                                     "INSERT INTO Dossiers VALUES (1, 13, 'zèbre');"
+                                                     "INSERT INTO Dossiers VALUES (1, 14, 'École');"
+                                                     "INSERT INTO Dossiers VALUES (2, 10, 'autre compte');"));
         BaseSql::executer(Chemins::cheminBase(),
-            QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', char(65279) || 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
-                           "INSERT INTO Documents VALUES (1, 2, 10, 'Beta', '%1', NULL, NULL, NULL, NULL, NULL, NULL, 5);"
-                           "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
-                           "INSERT INTO Documents VALUES (1, 5, 10, '%2', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
-                           "INSERT INTO Documents VALUES (1, 6, 10, 'été', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
-                           "INSERT INTO Documents VALUES (1, 7, 10, 'Etui', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
-                           "INSERT INTO Documents VALUES (2, 4, 10, 'Secret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);")
-                .arg(CrypterChamp(QStringLiteral("chiffré")), CrypterChamp(QStringLiteral("Ananas"))));
+                          QStringLiteral("INSERT INTO Documents VALUES (1, 1, 10, 'Alpha', char(65279) || 'plain', NULL, NULL, NULL, NULL, NULL, NULL, 0);"
+                                         "INSERT INTO Documents VALUES (1, 2, 10, 'Beta', '%1', NULL, NULL, NULL, NULL, NULL, NULL, 5);"
+                                         "INSERT INTO Documents VALUES (1, 3, 11, 'Gamma', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 3);"
+                                         "INSERT INTO Documents VALUES (1, 5, 10, '%2', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
+                                         "INSERT INTO Documents VALUES (1, 6, 10, 'été', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
+                                         "INSERT INTO Documents VALUES (1, 7, 10, 'Etui', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1);"
+                                         "INSERT INTO Documents VALUES (2, 4, 10, 'Secret', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0);")
+                              .arg(CrypterChamp(QStringLiteral("chiffré")), CrypterChamp(QStringLiteral("Ananas"))));
         frmMain *f = ouvrir();
         // Folders in French order whatever their case and accents, with their leading blank;
         // documents of a folder in the reverse of the order of their titles as shown
@@ -545,9 +545,9 @@ private slots:
     // Every command of the table by its key, and the same through its button and the row's menu.
     void chaqueCommandeParSaToucheSonBoutonEtLeMenu() {
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
-            "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
-            "INSERT INTO Dossiers VALUES (1, 11, 'Vide');"
-            "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'Tr3s-secret', 'banque.fr', NULL, NULL, NULL, NULL, 0);"));
+                                                     "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+                                                     "INSERT INTO Dossiers VALUES (1, 11, 'Vide');"
+                                                     "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'Tr3s-secret', 'banque.fr', NULL, NULL, NULL, NULL, 0);"));
         QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "urlOuverte");
         frmMain *f = ouvrirActive();
         for (const frmMain::Commande &c : frmMain::commandes()) {
@@ -567,15 +567,15 @@ private slots:
             if (c.dansMenu) {
                 choisir();
                 QString touches;
-                const QStringList parMenu = trace(f, [&] { QTest::keyClick(f->MG, Qt::Key_F10, Qt::ShiftModifier); }, [&](QMenu *menu) {
+                const QStringList parMenu = trace(
+                    f, [&] { QTest::keyClick(f->MG, Qt::Key_F10, Qt::ShiftModifier); }, [&](QMenu *menu) {
                     for (QAction *a : menu->actions())
                         if (a->text() == nom) {
                             touches = a->shortcut().toString();
                             menu->setActiveAction(a);
                             QTest::keyClick(menu, Qt::Key_Return);
                             return;
-                        }
-                });
+                        } });
                 QCOMPARE(parMenu, parTouche);
                 QCOMPARE(touches, QKeySequence(c.touches).toString());
             }
@@ -585,8 +585,8 @@ private slots:
 
     void lesMotsDePasseEnPointsSeCopientSansEtreVus() {
         BaseSql::executer(Chemins::cheminBase(), QStringLiteral(
-            "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
-            "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'a', 'www.banque.fr', NULL, NULL, NULL, NULL, 0);"));
+                                                     "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
+                                                     "INSERT INTO Documents VALUES (1, 1, 10, 'Banque', 'moi', 'a', 'www.banque.fr', NULL, NULL, NULL, NULL, 0);"));
         const QStringList stockes = sql(QStringLiteral("SELECT MotDePasse FROM Documents"));
         frmMain *f = ouvrirActive();
         const int l = ligneDe(f, QStringLiteral("Banque"));

@@ -12,8 +12,8 @@
 #include <QShowEvent>
 
 namespace {
-constexpr int kLigneTitre = 0;     // the grid's title row: its band
-constexpr int kPremierDossier = 2; // the first folder row: the folder picture
+constexpr int kLigneTitre = 0;      // the grid's title row: its band
+constexpr int kPremierDossier = 2;  // the first folder row: the folder picture
 }  // namespace
 
 PanneauStock::PanneauStock(bool etire, QWidget *parent)
@@ -82,7 +82,6 @@ void FenetreDialogue::finDeplacement() {
     // once the dialog has been moved it must show again.
     if (grille_) grille_->Redraw(true);
 }
-
 
 void FenetreDialogue::showEvent(QShowEvent *e) {
     FenetreCadre::showEvent(e);

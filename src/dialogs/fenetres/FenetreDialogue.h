@@ -32,7 +32,6 @@ private:
 class FenetreDialogue : public FenetreCadre {
     Q_OBJECT
 public:
-
 protected:
     // The grid of the window that opened the dialog, or null.
     MyCoolGrid *grille() const;

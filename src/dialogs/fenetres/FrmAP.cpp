@@ -27,9 +27,9 @@ FrmAP::FrmAP(QWidget *parent, MyCoolGrid *grille) : FenetreDialogue(parent, gril
     L[LibelleTexte]->setObjectName(QStringLiteral("L0"));
     L[LibelleTexte]->setTextFormat(Qt::RichText);
     L[LibelleTexte]->setText(QStringLiteral("<div style='color:#1f2a44'><p style='font-size:15pt; font-weight:bold; margin:0'>%1</p>"
-                                 "<p style='margin:4px 0 10px 0'>%2</p>"
-                                 "<p style='color:#4a5775; margin:0'>Version %3</p></div>")
-                      .arg(Messages::kTitre, Chaine(154).trimmed(), QStringLiteral(KORVANE_VERSION)));
+                                            "<p style='margin:4px 0 10px 0'>%2</p>"
+                                            "<p style='color:#4a5775; margin:0'>Version %3</p></div>")
+                                 .arg(Messages::kTitre, Chaine(154).trimmed(), QStringLiteral(KORVANE_VERSION)));
     L[LibelleTexte]->setGeometry(110, 30, 236, 90);
     activerDeplacement(L[LibelleTexte]);
 }

@@ -12,7 +12,9 @@ class FrmAP : public FenetreDialogue {
 public:
     explicit FrmAP(QWidget *parent = nullptr, MyCoolGrid *grille = nullptr);
 
-    enum : int { LibelleTexte, LibelleEntete, NbLibelles };
+    enum : int { LibelleTexte,
+                 LibelleEntete,
+                 NbLibelles };
     std::array<QLabel *, NbLibelles> L{};
     QLabel *Image1 = nullptr;
 };

@@ -33,16 +33,19 @@ public:
     QString texte(int i) const;
     void definirTexte(int i, const QString &texte);
 
-    std::array<QLineEdit *, kNbSaisies> Saisie{};  // fields 3 to 10 of the document, in order
+    std::array<QLineEdit *, kNbSaisies> Saisie{};    // fields 3 to 10 of the document, in order
     std::array<QLabel *, kNbSaisies + 1> Libelle{};  // their captions, then "Icône"
-    enum : int { LibelleDossier, LibelleEntete, LibelleNomDossier, NbLibelles };  // the folder's caption and name
+    enum : int { LibelleDossier,
+                 LibelleEntete,
+                 LibelleNomDossier,
+                 NbLibelles };  // the folder's caption and name
     std::array<QLabel *, NbLibelles> L{};
     QLabel *Icone = nullptr;
     QFrame *ShapeIcone = nullptr;
     BoutonImage *MIcone = nullptr;
     BoutonImage *OK = nullptr;
     QPlainTextEdit *RemarquesLignes = nullptr;  // the remarks in the form, in place of Saisie[7]
-    BoutonImage *Generer = nullptr;  // the password generator, beside the password box
+    BoutonImage *Generer = nullptr;             // the password generator, beside the password box
     QFrame *PanCal = nullptr;
     QCalendarWidget *Calendrier = nullptr;  // made when a date box first asks for it
 

@@ -18,7 +18,9 @@ public:
     // The folder's number as text: a free number for a new folder, the selected
     // folder's for a rename. The folder of that number is renamed, or made.
     QString TagSaisie;
-    enum : int { LibelleNom, LibelleEntete, NbLibelles };
+    enum : int { LibelleNom,
+                 LibelleEntete,
+                 NbLibelles };
     std::array<QLabel *, NbLibelles> L{};
     BoutonImage *OK = nullptr;
 

@@ -16,7 +16,7 @@ using grille::Source;
 
 namespace {
 
-constexpr int kCotePicto = 16;       // pictures of the cells, in pixels
+constexpr int kCotePicto = 16;                   // pictures of the cells, in pixels
 constexpr int kColonnesPeintes = Colonne::Type;  // the row's hidden data from there on
 constexpr int kMarge = 3;
 
@@ -469,8 +469,10 @@ void MyCoolGrid::peindreCellule(QPainter &p, const Cellule &cel, QStringView tex
     // The picture, when it fits the cell: a sliver of one would read as a smudge.
     QRect zoneTexte = rect.adjusted(kMarge, 0, -kMarge, 0);
     QPixmap image;
-    if (cel.source == Source::Contenu) image = icone(cel.image);
-    else if (cel.source == Source::Titre && !bandeCellule) image = imageTitre(cel.image);
+    if (cel.source == Source::Contenu)
+        image = icone(cel.image);
+    else if (cel.source == Source::Titre && !bandeCellule)
+        image = imageTitre(cel.image);
     if (!image.isNull()) {
         const QSize taille = image.deviceIndependentSize().toSize();
         if (taille.width() <= rect.width()) {

@@ -77,7 +77,7 @@ private:
     void actualiserDefilement();
     int ligneSous(const QPoint &position) const;
     int colonneSous(const QPoint &position) const;  // -1 beyond the painted columns
-    int lignePage(int sens) const;  // a screen further down (+1) or up (-1)
+    int lignePage(int sens) const;                  // a screen further down (+1) or up (-1)
     void bordsColonnes(int *bords) const;
     // The text of the cell under the point when it shows cut, for its tool tip.
     QString texteCoupe(const QPoint &position);

@@ -42,7 +42,8 @@ void rendreBarreImage(TypePanneau &panneau, const QImage &image, const QString &
     QSize taille = image.size();
     if (taille.width() > W || taille.height() > H) taille = taille.scaled(W, H, Qt::KeepAspectRatio);
     const int x = (W - taille.width()) / 2;
-    const int y = align == u"TOP" ? 0 : align == u"BOT" ? H - taille.height() : (H - taille.height()) / 2;
+    const int y = align == u"TOP" ? 0 : align == u"BOT" ? H - taille.height()
+                                                        : (H - taille.height()) / 2;
     QPixmap rendu(W, H);
     QPainter p(&rendu);
     peindreFondBarre(p, rendu.rect(), bloc, &image);
@@ -113,7 +114,8 @@ void rendreBarreTexte(TypePanneau &panneau, TypeItemMenu &item, QString bloc, in
         ligne.replace(QStringLiteral("<br0>"), QStringLiteral(" "), Qt::CaseInsensitive);
         ligne.replace(QStringLiteral("<br>"), QStringLiteral(" "), Qt::CaseInsensitive);
         const int t = mesures.horizontalAdvance(ligne);
-        const int depart = align == u"BOT" ? H - 3 : align == u"TOP" ? t + 3 : (H - t) / 2 + t;
+        const int depart = align == u"BOT" ? H - 3 : align == u"TOP" ? t + 3
+                                                                     : (H - t) / 2 + t;
         p.drawText(QPointF(-depart, travers), ligne);
         travers += pas;
     }
@@ -149,8 +151,10 @@ QString ComposerLignes(QStringList &lignes, bool premierePasse, const QFontMetri
             const qsizetype milieu = l.size() / 2;
             qsizetype place = -1;
             for (qsizetype d = 0; d <= milieu + 1 && place < 0; ++d) {
-                if (milieu + d < l.size() && l[milieu + d] == u' ') place = milieu + d;
-                else if (milieu - d >= 0 && milieu - d < l.size() && l[milieu - d] == u' ') place = milieu - d;
+                if (milieu + d < l.size() && l[milieu + d] == u' ')
+                    place = milieu + d;
+                else if (milieu - d >= 0 && milieu - d < l.size() && l[milieu - d] == u' ')
+                    place = milieu - d;
             }
             if (place < 0) continue;  // no blank: the line stays whole
             lignes.insert(i + 1, l.mid(place + 1));
@@ -166,8 +170,9 @@ QString ComposerLignes(QStringList &lignes, bool premierePasse, const QFontMetri
 }
 
 QString barreParDefaut() {
-    return QStringLiteral("{Sidebar|Text: |FColor:8388608|BColor:12615680|GColor:16776960|Font:Times New Roman|FSize:14|"
-                          "MinFSize:9|Width:32|Align:Bot}");
+    return QStringLiteral(
+        "{Sidebar|Text: |FColor:8388608|BColor:12615680|GColor:16776960|Font:Times New Roman|FSize:14|"
+        "MinFSize:9|Width:32|Align:Bot}");
 }
 
 }  // namespace modMenus

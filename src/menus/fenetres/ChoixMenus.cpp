@@ -18,8 +18,13 @@ struct MotChoix {
 };
 
 constexpr MotChoix kMotsChoix[] = {
-    {u"LColor:", u"Color"},     {u"LMonth:", u"Month"}, {u"LState:", u"State"}, {u"LDay:", u"WeekDay"},
-    {u"LDate:", u"DayOfMonth"}, {u"LFont:", u"Font"},   {u"LDrv:", u"Drive"},
+    {u"LColor:", u"Color"},
+    {u"LMonth:", u"Month"},
+    {u"LState:", u"State"},
+    {u"LDay:", u"WeekDay"},
+    {u"LDate:", u"DayOfMonth"},
+    {u"LFont:", u"Font"},
+    {u"LDrv:", u"Drive"},
 };
 
 void signaler(cTips *recepteur, const QString &identifiant, QStringView categorie, QString valeur) {

@@ -22,7 +22,14 @@ struct EntreeListe {
 };
 
 // The list keywords, in the order an item's block is tested for them.
-enum class GenreListe { Aucune, Couleurs, Mois, Jours, Etats, UnMois, Polices, Lecteurs };
+enum class GenreListe { Aucune,
+                        Couleurs,
+                        Mois,
+                        Jours,
+                        Etats,
+                        UnMois,
+                        Polices,
+                        Lecteurs };
 
 // The first list keyword that the block holds.
 GenreListe TrouverListe(const QString &bloc);

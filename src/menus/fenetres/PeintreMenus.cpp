@@ -140,8 +140,10 @@ void DessinerItem(QPainter &p, const TypeItemMenu &item, const QImage &image, co
         const bool imageSimple = !selectionne && !optBarreAuto;
         if ((!image.isNull() || coche) && !imageSimple) {
             etape = QStringLiteral("drawing icon back button");
-            if (coche) p.fillRect(boite, systeme(22));
-            else if (optBarreAuto) p.fillRect(boite, versCouleur(menu));
+            if (coche)
+                p.fillRect(boite, systeme(22));
+            else if (optBarreAuto)
+                p.fillRect(boite, versCouleur(menu));
         }
         // Sunken round a checked item's box, raised round a hovered one's.
         if ((!image.isNull() || coche) && (coche || surligne) && !(survolSimple && !coche)) {

@@ -31,15 +31,15 @@ enum : quint16 {
 };
 
 struct TypeItemMenu {
-    QString Legende;    // the raw caption as the application gave it
+    QString Legende;  // the raw caption as the application gave it
     QString Texte;
     QString Raccourci;  // or "Remeasure" on a sidebar to render again
     QString Conseil;
     int Largeur = 0;
     int Hauteur = 0;
     int Identifiant = 0;
-    QString Image;         // "i" + n for picture n of the image list, or the name of a control
-    QImage imageFichier;   // the picture of a file or drive entry, from the desktop
+    QString Image;        // "i" + n for picture n of the image list, or the name of a control
+    QImage imageFichier;  // the picture of a file or drive entry, from the desktop
     bool FondImage = false;
     quint8 TypeListe = 0;
     QPointer<QWidget> ListeLiee;
@@ -53,16 +53,16 @@ struct TypeItemMenu {
 
 struct TypePanneau {
     QPointer<QMenu> menu;
-    QPixmap barre;       // the rendered sidebar, kept until the menu's height changes
+    QPixmap barre;          // the rendered sidebar, kept until the menu's height changes
     int hauteurBarre = -1;  // the height it was rendered for; -1 nothing measured yet
     int largeurBarre = 0;
-    int largeurImages = 16;  // the image column: the widest picture of the menu
+    int largeurImages = 16;             // the image column: the widest picture of the menu
     TypeItemMenu *itemBarre = nullptr;  // the sidebar's record, null for none
     bool HasImages = false;
     int colonnes = 0;
     std::unordered_map<const TypeItemMenu *, int> pads;  // the extra width of each record of the menu
-    int margeGauche = 0;    // the sidebar's band along the left edge, as laid out
-    int rendus = 0;         // how many times its sidebar was rendered
+    int margeGauche = 0;                                 // the sidebar's band along the left edge, as laid out
+    int rendus = 0;                                      // how many times its sidebar was rendered
 };
 
 }  // namespace modMenus

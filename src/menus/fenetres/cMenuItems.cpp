@@ -351,12 +351,13 @@ void cMenuItems::lireFichierOuLecteur(TypeItemMenu &item, const QString &bloc) {
     const QString etiquette = QStorageInfo(racine).name();
     if (etiquette.isEmpty()) return;
     item.Texte = genre.compare(kReseau, Qt::CaseInsensitive) == 0 ? item.Texte + u' ' + etiquette
-                                                                   : etiquette + QStringLiteral("  (") + item.Texte + u')';
+                                                                  : etiquette + QStringLiteral("  (") + item.Texte + u')';
 }
 
 void cMenuItems::mesurerItem(TypeItemMenu &item) {
     const bool separateur = item.Etat & kEtatSeparateur;
-    const QFont &police = PolicesMenus(separateur ? 3 : (item.Etat & kEtatDefaut) ? 2 : 1);
+    const QFont &police = PolicesMenus(separateur ? 3 : (item.Etat & kEtatDefaut) ? 2
+                                                                                  : 1);
     const QFontMetrics mesures(police);
     int largeur = mesures.horizontalAdvance(item.Texte);
     int hauteur = mesures.height();

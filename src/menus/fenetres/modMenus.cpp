@@ -70,9 +70,12 @@ public:
 protected:
     bool eventFilter(QObject *objet, QEvent *e) override {
         if (auto *menu = qobject_cast<QMenu *>(objet)) {
-            if (e->type() == QEvent::KeyPress) definirSurvolClavier(true);
-            else if (e->type() == QEvent::MouseMove) definirSurvolClavier(false);
-            else if (e->type() == QEvent::MouseButtonRelease) cliquerBarre(menu, static_cast<QMouseEvent *>(e));
+            if (e->type() == QEvent::KeyPress)
+                definirSurvolClavier(true);
+            else if (e->type() == QEvent::MouseMove)
+                definirSurvolClavier(false);
+            else if (e->type() == QEvent::MouseButtonRelease)
+                cliquerBarre(menu, static_cast<QMouseEvent *>(e));
             else if (e->type() == QEvent::ActionAdded) {
                 if (QAction *a = static_cast<QActionEvent *>(e)->action(); a && a->menu()) suivre(a->menu());
             } else if (e->type() == QEvent::ActionRemoved) {
@@ -161,8 +164,10 @@ void AttacherMenus(QWidget *fenetre, const ListeImages *imageList, cTips *tipRec
     }
     if (!fenetre) return;
     if (cMenuItems *objet = objetFenetre(fenetre)) {
-        if (mode == 3) objet->IsMenuLess = false;
-        else if (mode == 4) objet->IsMenuLess = true;
+        if (mode == 3)
+            objet->IsMenuLess = false;
+        else if (mode == 4)
+            objet->IsMenuLess = true;
         if (imageList || tipReceiver) objet->InitializeSubMenu(fenetre, imageList, tipReceiver, false, nullptr, objet->TipDefaut);
         return;
     }

@@ -14,7 +14,7 @@
 #include <cmath>
 
 namespace {
-constexpr int kMarge = 4;           // around the text, as a browser leaves it
+constexpr int kMarge = 4;            // around the text, as a browser leaves it
 constexpr int kPiecesGardees = 400;  // laid out pieces kept for the next paint
 }  // namespace
 
@@ -147,7 +147,7 @@ bool ApercuExport::viewportEvent(QEvent *e) {
 void ApercuExport::wheelEvent(QWheelEvent *e) {
     const int ligne = fontMetrics().lineSpacing();
     defiler(!e->pixelDelta().isNull() ? -e->pixelDelta().y()
-                                       : -e->angleDelta().y() * QApplication::wheelScrollLines() * ligne / 120);
+                                      : -e->angleDelta().y() * QApplication::wheelScrollLines() * ligne / 120);
     e->accept();
 }
 

@@ -42,11 +42,10 @@ constexpr int kHautOnglets = 44;
 const QRect kPage(8, kHautOnglets + 6, kLargeurContenu - 16, kHautContenu - kHautOnglets - 14);
 
 // The keys of the six samples, in the order "Valider" saves them.
-const Reglages::Cle kClesCouleurs[FrmOptions::NbCouleurs] = {Reglages::Cle::Backcolor,      Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
-                                         Reglages::Cle::CouleurParent, Reglages::Cle::CouleurFils,  Reglages::Cle::CouleurSelection};
+const Reglages::Cle kClesCouleurs[FrmOptions::NbCouleurs] = {Reglages::Cle::Backcolor, Reglages::Cle::CouleurTitre, Reglages::Cle::CouleurSection,
+                                                             Reglages::Cle::CouleurParent, Reglages::Cle::CouleurFils, Reglages::Cle::CouleurSelection};
 
 }  // namespace
-
 
 BoutonImage *FrmOptions::boutonTexte(QWidget *page, const QString &texte, const QString &icone) {
     auto *b = new BoutonImage(page);

@@ -40,13 +40,30 @@ public:
     FrmOptions(QWidget *parent, MyCoolGrid *grille, ListeImages *images);
 
     // The pages, in the order of their tabs.
-    enum Page : int { PageExports, PageColonnes, PageCouleurs, PageIcones, NbPages };
+    enum Page : int { PageExports,
+                      PageColonnes,
+                      PageCouleurs,
+                      PageIcones,
+                      NbPages };
     // The colour samples, in the order of their settings: the background and the
     // selection keep a back colour, the others a text colour.
-    enum Couleur : int { CouleurFond, CouleurTitre, CouleurSection, CouleurDossier, CouleurDocument, CouleurSelection, NbCouleurs };
+    enum Couleur : int { CouleurFond,
+                         CouleurTitre,
+                         CouleurSection,
+                         CouleurDossier,
+                         CouleurDocument,
+                         CouleurSelection,
+                         NbCouleurs };
     // The labels: the heading, one a colour sample, the caption of the icon page.
-    enum Libelle : int { LibelleFond, LibelleEntete, LibelleTitre, LibelleSection, LibelleDossier, LibelleDocument, LibelleSelection,
-                         LibelleIcones, NbLibelles };
+    enum Libelle : int { LibelleFond,
+                         LibelleEntete,
+                         LibelleTitre,
+                         LibelleSection,
+                         LibelleDossier,
+                         LibelleDocument,
+                         LibelleSelection,
+                         LibelleIcones,
+                         NbLibelles };
 
     std::array<BoutonImage *, NbPages> Onglets{};
     std::array<PanneauImage *, NbPages> P{};
@@ -58,7 +75,7 @@ public:
     std::array<Echantillon *, NbCouleurs> OCoul{};
     std::array<QLabel *, NbLibelles> L{};
     std::array<BoutonImage *, 1> OInterface{};
-    QListWidget *ListeIcones = nullptr;  // the main window's icon library, in its order
+    QListWidget *ListeIcones = nullptr;        // the main window's icon library, in its order
     std::array<BoutonImage *, 3> ValDivers{};  // "Ajouter", "Modifier", "Valider" of the icons
 
     // The list takes the main window's icon library again.

@@ -144,8 +144,9 @@ bool FrmOptions::eventFilter(QObject *objet, QEvent *evenement) {
             return true;
         }
         if (touche == Qt::Key_Delete) {
-            Messages::information(QStringLiteral("Une icône ne peut pas être supprimée : les documents qui la portent la perdraient.\n"
-                                                 "Pour changer son image, sélectionnez-la puis cliquez sur « Modifier »."));
+            Messages::information(QStringLiteral(
+                "Une icône ne peut pas être supprimée : les documents qui la portent la perdraient.\n"
+                "Pour changer son image, sélectionnez-la puis cliquez sur « Modifier »."));
             return true;
         }
     }

@@ -58,10 +58,11 @@ FrmRecherche::FrmRecherche(QWidget *parent, MyCoolGrid *grille) : FenetreDialogu
     Liste = new QListWidget(FondBleu);
     Liste->setObjectName(QStringLiteral("Liste"));
     Liste->setUniformItemSizes(true);
-    Liste->setStyleSheet(QStringLiteral("QListWidget { background: #ffffff; border: 1px solid #8c98b0; }"
-                                        "QListWidget::item { padding: 3px 2px; color: #1f2a44; }"
-                                        "QListWidget::item:selected { padding: 3px 2px; background: #2e3f66; color: #ffffff; }"
-                                        "QListWidget::item:disabled { color: #7a8499; font-style: italic; }"));
+    Liste->setStyleSheet(QStringLiteral(
+        "QListWidget { background: #ffffff; border: 1px solid #8c98b0; }"
+        "QListWidget::item { padding: 3px 2px; color: #1f2a44; }"
+        "QListWidget::item:selected { padding: 3px 2px; background: #2e3f66; color: #ffffff; }"
+        "QListWidget::item:disabled { color: #7a8499; font-style: italic; }"));
     Liste->installEventFilter(this);
     connect(Liste, &QListWidget::itemDoubleClicked, this, [this] { choisirResultat(); });
 

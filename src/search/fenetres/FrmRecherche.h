@@ -18,10 +18,12 @@ public:
     FrmRecherche(QWidget *parent, MyCoolGrid *grille);
 
     QLineEdit *Saisie = nullptr;
-    std::array<QRadioButton *, 2> OptRec{};  // 0 folders, 1 documents
+    std::array<QRadioButton *, 2> OptRec{};     // 0 folders, 1 documents
     std::array<BoutonImage *, 1> OInterface{};  // 0 "Valider"
-    QListWidget *Liste = nullptr;           // the hits; each item's key is in its data
-    enum : int { LibelleListe, LibelleEntete, NbLibelles };  // above the list, the heading
+    QListWidget *Liste = nullptr;               // the hits; each item's key is in its data
+    enum : int { LibelleListe,
+                 LibelleEntete,
+                 NbLibelles };  // above the list, the heading
     std::array<QLabel *, NbLibelles> L{};
 
 private:

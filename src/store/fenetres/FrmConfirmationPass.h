@@ -12,7 +12,9 @@ class FrmConfirmationPass : public FenetreCompte {
 public:
     FrmConfirmationPass(const QString &login, QWidget *parent = nullptr);
 
-    enum class Resultat { Confirme, Different, Annule };
+    enum class Resultat { Confirme,
+                          Different,
+                          Annule };
     // Asks over parent for the password once more and compares it with pass.
     static Resultat confirmer(const QString &login, const QString &pass, QWidget *parent);
 

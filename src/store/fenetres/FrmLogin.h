@@ -19,7 +19,10 @@ public:
 
     QComboBox *Login = nullptr;
     QLineEdit *Pass = nullptr;
-    enum : int { LibelleEntete = 1, LibelleMotDePasse, LibelleLogin, NbLibelles };  // "Password", "Login"
+    enum : int { LibelleEntete = 1,
+                 LibelleMotDePasse,
+                 LibelleLogin,
+                 NbLibelles };  // "Password", "Login"
     std::array<QLabel *, NbLibelles> L{};
     QLabel *Image1 = nullptr;
 

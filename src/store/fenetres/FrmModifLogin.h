@@ -16,7 +16,9 @@ public:
     QLineEdit *Login = nullptr;
     QLineEdit *Pass = nullptr;
     QLineEdit *Pass2 = nullptr;
-    enum : int { LibelleVerification, LibelleEntete, NbLibelles };
+    enum : int { LibelleVerification,
+                 LibelleEntete,
+                 NbLibelles };
     std::array<QLabel *, NbLibelles> L{};
 
 private:

@@ -15,7 +15,8 @@ class QLabel;
 class PanneauImage : public QWidget {
     Q_OBJECT
 public:
-    enum class Mode { Etire, Mosaique };
+    enum class Mode { Etire,
+                      Mosaique };
     PanneauImage(const QString &art, Mode mode, QWidget *parent = nullptr);
 
     void definirTexte(const QString &texte);
@@ -26,11 +27,20 @@ public:
     QString texte() const { return texte_; }
     void definirCouleurTexte(const QColor &c);
     // Where the text stands; a panel that holds other controls keeps it at the top.
-    void definirAlignementTexte(Qt::Alignment a) { alignement_ = a; update(); }
+    void definirAlignementTexte(Qt::Alignment a) {
+        alignement_ = a;
+        update();
+    }
     // Room kept free at the right end, for a control laid over the panel; the text is cut before it.
-    void definirMargeDroite(int marge) { margeDroite_ = marge; update(); }
+    void definirMargeDroite(int marge) {
+        margeDroite_ = marge;
+        update();
+    }
     // A plain colour in place of the picture.
-    void definirCouleurFond(const QColor &c) { couleurFond_ = c; update(); }
+    void definirCouleurFond(const QColor &c) {
+        couleurFond_ = c;
+        update();
+    }
 
 protected:
     void paintEvent(QPaintEvent *) override;
@@ -56,18 +66,18 @@ public:
 
     // Frame parts, by their place; a dialog adds two of its own.
     enum PartieFond : int {
-        FondHaut,      // top strip
-        FondBande,     // a dialog's band, as the grid's title row
-        FondDossier,   // a dialog's folder picture, on its band
-        FondGauche,    // left edge
-        FondDroit,     // right edge
+        FondHaut,     // top strip
+        FondBande,    // a dialog's band, as the grid's title row
+        FondDossier,  // a dialog's folder picture, on its band
+        FondGauche,   // left edge
+        FondDroit,    // right edge
         NbPartiesFond
     };
     std::array<PanneauImage *, NbPartiesFond> Fond{};
-    PanneauImage *EnteteB = nullptr;   // bottom strip
-    PanneauImage *FondBleu = nullptr;  // background of the content; children go here
+    PanneauImage *EnteteB = nullptr;     // bottom strip
+    PanneauImage *FondBleu = nullptr;    // background of the content; children go here
     BoutonImage *Im_Commande = nullptr;  // close button, tool tip "Fermer"
-    QLabel *entete = nullptr;           // heading on the top strip
+    QLabel *entete = nullptr;            // heading on the top strip
 
     // Makes w a drag surface for the window (labels, decorations).
     void activerDeplacement(QWidget *w);

@@ -14,7 +14,9 @@ extern const QString kTitre;  // "Korvane"
 void information(const QString &texte);
 bool question(const QString &texte);  // true for "Oui"
 
-enum class Reponse { Oui, Non, Annuler };
+enum class Reponse { Oui,
+                     Non,
+                     Annuler };
 // A question with "Oui", "Non" and "Annuler"; Escape answers Annuler.
 Reponse questionAnnulable(const QString &texte);
 
@@ -25,7 +27,7 @@ void prevoirReponses(const QList<bool> &reponses);
 // Answers for questions of three: a two-way question takes Annuler as No, and a
 // question of three takes true and false as Oui and Non.
 void prevoirReponsesAnnulables(const QList<Reponse> &reponses);
-QStringList affiches();     // texts shown since the last call, then emptied
+QStringList affiches();  // texts shown since the last call, then emptied
 int reponsesRestantes();
 
 // Ends the program, by default; tests replace the ending.

@@ -51,9 +51,10 @@ void EditionEnPlace::creerSaisies() {
         s->setFrame(false);
         // A document row is 16 pixels high: the box takes all of it for its text, the
         // boxes told apart by a rule between them and the row by its colour.
-        s->setStyleSheet(QStringLiteral("QLineEdit { background: rgb(255, 204, 59); color: black; border: none; "
-                                        "border-right: 1px solid #9c6f10; padding: 0 2px; }"
-                                        "QLineEdit:focus { background: rgb(255, 226, 140); }"));
+        s->setStyleSheet(QStringLiteral(
+            "QLineEdit { background: rgb(255, 204, 59); color: black; border: none; "
+            "border-right: 1px solid #9c6f10; padding: 0 2px; }"
+            "QLineEdit:focus { background: rgb(255, 226, 140); }"));
         s->hide();
         s->installEventFilter(this);
         // Enciphered, a character takes three of the field's 255.
@@ -162,7 +163,8 @@ bool EditionEnPlace::enregistrerSaisie(int index) {
         const QDate date = Apparence::lireDate(texte);
         if (!date.isValid()) {
             Messages::information(QStringLiteral("« %1 » n'est pas une date.\nTapez-la sous la forme jj/mm/aaaa, "
-                                                 "ou choisissez-la dans le calendrier.").arg(texte.trimmed()));
+                                                 "ou choisissez-la dans le calendrier.")
+                                      .arg(texte.trimmed()));
             return false;
         }
         texte = Apparence::ecrireDate(date);

@@ -59,10 +59,10 @@ constexpr DefinitionBouton kBoutons[frmMain::kNbBoutons] = {
     {1, 5000, "insert-image", true},                  // ModifierIcone
 };
 
-constexpr int kHautBarre = 68;     // 1020 twips
+constexpr int kHautBarre = 68;  // 1020 twips
 constexpr int kCoteBouton = 56;
 constexpr int kTailleIcone = 32;
-constexpr int kMargeGrille = 13;   // 200 twips
+constexpr int kMargeGrille = 13;  // 200 twips
 constexpr int kLargeurHeure = 70;
 
 }  // namespace

@@ -48,7 +48,7 @@ enum Numero : int {
 class frmMain : public FenetreCadre {
     Q_OBJECT
 public:
-    static constexpr int kTwips = 15;          // twips to the pixel
+    static constexpr int kTwips = 15;              // twips to the pixel
     static constexpr int kLargeurNormale = 15000;  // twips
     static constexpr int kHauteurNormale = 12000;
     static constexpr int kNbBoutons = Bouton::Nombre;
@@ -59,7 +59,7 @@ public:
     // Loading of the tree (the grid is rebuilt whole).
     void ChargerMG();
     void ChargerTreeview(int numCompte);
-    void MemoriserMG() {}     // the open state of folders is not kept across a reload
+    void MemoriserMG() {}  // the open state of folders is not kept across a reload
     void RaffraichirMG() {}
     // The whole tree read again from the base.
     void rechargerGrille();
@@ -103,13 +103,16 @@ public:
     // those marked for it that suit the selection, and each key runs the first command
     // of that key that suits it (or tells what to select). A key or the menu runs a
     // command through its button when it has one, as a click would.
-    enum class Besoin { Rien, Ligne, Dossier, Document };
+    enum class Besoin { Rien,
+                        Ligne,
+                        Dossier,
+                        Document };
     struct Commande {
         const char *legende;
         QKeyCombination touches;
         Besoin besoin;
-        const char *manque;           // what to select first, when the selection doesn't suit
-        Bouton::Numero bouton;        // its button in the bars, if any
+        const char *manque;     // what to select first, when the selection doesn't suit
+        Bouton::Numero bouton;  // its button in the bars, if any
         void (frmMain::*action)();
         bool dansMenu;                // listed in the row's menu
         int groupe;                   // the menu draws a line between groups

@@ -94,8 +94,9 @@ void frmMain::installerCommandes() {
     CompteARebours->setFocusPolicy(Qt::NoFocus);
     CompteARebours->setCursor(Qt::PointingHandCursor);
     CompteARebours->setToolTip(QStringLiteral("Cliquez pour effacer le presse-papiers maintenant"));
-    CompteARebours->setStyleSheet(QStringLiteral("QPushButton { color: #ffd978; background: transparent; border: none; text-align: right; padding-right: 12px; }"
-                                                 "QPushButton:hover { text-decoration: underline; }"));
+    CompteARebours->setStyleSheet(QStringLiteral(
+        "QPushButton { color: #ffd978; background: transparent; border: none; text-align: right; padding-right: 12px; }"
+        "QPushButton:hover { text-decoration: underline; }"));
     CompteARebours->hide();
     connect(CompteARebours, &QPushButton::clicked, this, [] { PressePapiers::instance().effacerSiIntact(); });
     connect(&PressePapiers::instance(), &PressePapiers::compteARebours, this, [this](int s) { afficherCompteARebours(s); });

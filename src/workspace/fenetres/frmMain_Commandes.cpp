@@ -168,8 +168,9 @@ bool frmMain::montrerDocumentCourant() {
         MG->AllerALigne(r);
     }
     if (MG->LigneCourante == r && MG->cellules().hauteurPixels(r) > 0) return true;
-    Messages::information(QStringLiteral("Le dossier de ce document ne peut pas être ouvert : "
-                                         "ouvrez-le d'un clic, puis choisissez le document à modifier."));
+    Messages::information(QStringLiteral(
+        "Le dossier de ce document ne peut pas être ouvert : "
+        "ouvrez-le d'un clic, puis choisissez le document à modifier."));
     return false;
 }
 

@@ -195,7 +195,7 @@ TEST(ListesMenus, ChoixRendusAuRecepteur) {
     EXPECT_EQ(Reglages::lire("Font", "FontColor", "-"), "-");  // a colour of the palette is only reported
 
     recus.clear();
-    EXPECT_FALSE(RouterChoix("Ouvrir{IMG:i1}", &tips, nullptr, nullptr));  // the application's command
+    EXPECT_FALSE(RouterChoix("Ouvrir{IMG:i1}", &tips, nullptr, nullptr));              // the application's command
     EXPECT_TRUE(RouterChoix("Arial{lvID:P|LFont:Arial}", nullptr, nullptr, nullptr));  // no receiver
     EXPECT_EQ(Reglages::lireTexte(Reglages::Cle::FontName), "Arial");
     EXPECT_TRUE(recus.isEmpty());
