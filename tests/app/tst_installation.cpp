@@ -9,7 +9,6 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
-#include <QImage>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -72,14 +71,8 @@ private slots:
     }
 
     void chaqueFichierASaPlace() {
-        for (const char *chemin : {"bin/korvane", "share/korvane/Aide/index.htm", "share/applications/korvane.desktop",
-                                   "share/mime/packages/korvane.xml", "share/metainfo/org.korvane.korvane.metainfo.xml",
-                                   "share/icons/hicolor/scalable/apps/korvane.svg",
-                                   "share/icons/hicolor/scalable/mimetypes/application-x-korvane.svg"})
+        for (const char *chemin : {"bin/korvane", "share/applications/korvane.desktop", "share/mime/packages/korvane.xml"})
             QVERIFY2(QFile::exists(installe(QString::fromLatin1(chemin))), chemin);
-        for (int taille : {16, 24, 32, 48, 64, 128, 256})
-            QCOMPARE(QImage(installe(QStringLiteral("share/icons/hicolor/%1x%1/apps/korvane.png").arg(taille))).size(), QSize(taille, taille));
-
         // The installed program's own reading of where it stands: even in a folder it
         // could write into, the layout says installed.
         const Chemins::Disposition d = Chemins::disposition(installe(QStringLiteral("bin")));
