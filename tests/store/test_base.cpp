@@ -57,7 +57,6 @@ TEST_F(Store, UneBaseNeuveAlesModelesEtLesIconesEtSOuvreAvecLaPhrase) {
     EXPECT_EQ(noms.join(u','), "NumCompte,Num,NumDossier,Titre,LoginDoc,MotDePasse,Url,Fichier,DateDebut,DateFin,Remarques,Icone");
     // Without the key the file is unreadable.
     EXPECT_FALSE(EnvironnementTest::octets(Chemins::cheminBase()).contains("SQLite format"));
-    EXPECT_FALSE(EnvironnementTest::octets(Chemins::cheminBase()).contains("Logiciels"));
 }
 
 TEST_F(Store, UnFichierEtrangerOuAutrementCleEstRefuseSansEtreTouche) {
