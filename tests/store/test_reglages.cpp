@@ -37,17 +37,13 @@ TEST(Reglages, UnFichierEditeALaMainNeCassePas) {
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::MainLeft, 1234), 1234);
     EXPECT_FALSE(QFile::exists(Reglages::cheminFichier()));  // reading writes nothing
     ecrireFichierReglages(
-        "[Couleurs]\nBackcolor=rouge\nCouleurTitre=99999999999999\nCouleurSection=-1\nCouleurFils=16777216\n"
-        "CouleurParent=16777215\n[Font]\nFontColor=-5\n[Settings]\nWindowstate=\nColonne%204=oui\n"
-        "garbage line without equals\n[[broken\n");
+        "[Couleurs]\nBackcolor=rouge\nCouleurSection=-1\nCouleurFils=16777216\nCouleurParent=16777215\n"
+        "[Settings]\nColonne%204=oui\ngarbage line without equals\n[[broken\n");
+    // A word, or a colour outside 24 bits: the key's default.
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Backcolor), 16777215);
-    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurTitre), 0);
-    // A colour holds 24 bits: outside them, the key's default, as for a word.
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurSection), 16777215);
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurFils), 0);
     EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::CouleurParent), 16777215);
-    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::FontColor), 0);
-    EXPECT_EQ(Reglages::lireNombre(Reglages::Cle::Windowstate), 0);
     EXPECT_TRUE(Reglages::colonneVisible(4));
     Reglages::ecrire(Reglages::Cle::Username, QStringLiteral("Zoé l'ami"));
     EXPECT_EQ(Reglages::lireTexte(Reglages::Cle::Username), QStringLiteral("Zoé l'ami"));

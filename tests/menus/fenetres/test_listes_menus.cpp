@@ -77,7 +77,6 @@ TEST(ListesMenus, ChaqueGenerateur) {
     const QStringList fiscal = legendes(deplier("{lvMonths:Group:FYQtr|"));
     EXPECT_EQ(fiscal.indexOf("-1st Fiscal Quarter{Raised}"), 0);
     EXPECT_EQ(fiscal.indexOf("-4th Fiscal Quarter{Raised}"), 12);
-    EXPECT_TRUE(legendes(deplier("{lvStates:|")).contains("Massachusettes{gControl:0|lvID:|LState:MA}"));
     EXPECT_EQ(deplier("{lvColors:|")[24].legende, "-{Raised}");
     EXPECT_EQ(cochees(deplier("{lvMonth:3|Year:2023|Day:5|")), QList<int>{4});
 }
