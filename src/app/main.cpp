@@ -47,5 +47,7 @@ int main(int argc, char *argv[]) {
         return 1;
     }
     Navigation::afficherLogin();
-    return app.exec();
+    const int code = app.exec();
+    Navigation::finirSession();
+    return code;
 }

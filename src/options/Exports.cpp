@@ -351,6 +351,10 @@ QString chemin(int format) {
     return QDir(Chemins::dossierEdition()).filePath(QString::fromLatin1(noms[format]));
 }
 
+void supprimerFichiers() {
+    for (const Format format : kOrdre) QFile::remove(chemin(format));
+}
+
 QString libelleCopie(int format) {
     static const char *const libelles[] = {" Html", " Texte", " Csv", " Xml"};
     return format >= Html && format <= Xml ? QString::fromLatin1(libelles[format]) : QString();

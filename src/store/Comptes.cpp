@@ -40,6 +40,10 @@ std::optional<Compte> chercher(const QString &cle) {
     return Compte{r.entier(0), r.texte(1), r.estNull(1), r.texte(2)};
 }
 
+bool motDePasseCorrect(const Compte &compte, const QString &passClair) {
+    return DecrypterChamp(compte.passStocke) == passClair;
+}
+
 void creer(int num, const QString &cle, const QString &passClair) {
     Connexion c;
     Requete r(c, "INSERT INTO Compte (NumCompte, Login, Pass) VALUES (?, ?, ?)");

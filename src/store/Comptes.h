@@ -23,6 +23,8 @@ QList<Compte> lister();
 int prochainNumero();
 // The first account with this key (already lower-cased and trimmed), by number.
 std::optional<Compte> chercher(const QString &cle);
+// Whether passClair opens the account: the one check of the login and of the unlock.
+bool motDePasseCorrect(const Compte &compte, const QString &passClair);
 // Adds an account with its password as typed; it is stored enciphered.
 void creer(int num, const QString &cle, const QString &passClair);
 // Replaces the password of the account found by key; false when there is none.

@@ -29,6 +29,7 @@ constexpr Definition kTable[] = {
     {"Font", "FontColor", "0"},
     {"Settings", "PressePapiers", "20"},
     {"Affichage", "MotsDePasse", "0"},
+    {"Securite", "Verrouillage", "5"},
 };
 
 QString &dossierChoisi() {

@@ -1,5 +1,6 @@
 #include "Navigation.h"
 
+#include "options/Exports.h"
 #include "store/fenetres/FrmLogin.h"
 #include "store/Session.h"
 #include "ui/PressePapiers.h"
@@ -41,9 +42,16 @@ void afficherPrincipale() {
     montrer(principale);
 }
 
-void afficherLogin() {
-    // What the account copied does not stay for the next one, nor over a replaced base.
+void finirSession() {
+    // What the account copied or exported does not stay for the next one, nor over a
+    // replaced base; at start, files a crash left behind go too.
     PressePapiers::instance().effacerSiIntact();
+    if (principale) principale->finirSession();
+    Exports::supprimerFichiers();
+}
+
+void afficherLogin() {
+    finirSession();
     fermer(principale);
     principale = nullptr;
     fermer(login);

@@ -15,6 +15,10 @@ void afficherPrincipale();
 FrmLogin *fenetreLogin();
 frmMain *fenetrePrincipale();
 
+// The end of the account's session (change of account, base replaced, quit): the
+// export files it wrote go, the clipboard loses what it copied.
+void finirSession();
+
 // Closes whichever window stands (tests and the end of the program).
 void fermerTout();
 

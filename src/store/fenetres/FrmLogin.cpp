@@ -117,7 +117,7 @@ void FrmLogin::ChercherLogin() {
             tagPass_ = DecrypterChamp(compte->passStocke);
             // Choosing an account shows a dummy twice as long as the password, which the user types over.
             if (ChoixListe) Pass->setText(QString(tagPass_.size() * 2, u'*'));
-            if (tagPass_ == Pass->text()) {
+            if (Comptes::motDePasseCorrect(*compte, Pass->text())) {
                 Session::NumCompteCourant = compte->num;
                 Session::PassCourant = Pass->text();
                 Session::LoginCourant = Login->currentText();

@@ -20,6 +20,8 @@ EtatTest &etat() {
     return e;
 }
 
+Retenue *retenue = nullptr;
+
 QWidget *parentActif() { return QApplication::activeWindow(); }
 
 // Without a screen to show a box on (headless runs), the text goes to the error
@@ -30,7 +32,14 @@ bool sansFenetre() {
 }
 }  // namespace
 
+Retenue::Retenue() : avant_(retenue) { retenue = this; }
+Retenue::~Retenue() { retenue = avant_; }
+
 void information(const QString &texte) {
+    if (retenue) {
+        retenue->textes_.append(texte);
+        return;
+    }
     if (etat().actif) {
         etat().affiches.append(texte);
         return;

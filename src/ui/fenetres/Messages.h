@@ -20,6 +20,22 @@ enum class Reponse { Oui,
 // A question with "Oui", "Non" and "Annuler"; Escape answers Annuler.
 Reponse questionAnnulable(const QString &texte);
 
+// While one lives, information boxes are not shown but kept, for their texts to be
+// shown later (the window that would carry them is hidden meanwhile).
+class Retenue {
+public:
+    Retenue();
+    ~Retenue();
+    Retenue(const Retenue &) = delete;
+    Retenue &operator=(const Retenue &) = delete;
+    const QStringList &textes() const { return textes_; }
+
+private:
+    friend void information(const QString &texte);
+    QStringList textes_;
+    Retenue *avant_;
+};
+
 // Test hooks: once prepared, no box is shown; questions take the prepared answers
 // in order (No when none is left) and every text shown is recorded.
 void preparerPourTests();

@@ -2,6 +2,7 @@
 
 #include "grid/fenetres/MyCoolGrid.h"
 #include "workspace/fenetres/EditionEnPlace.h"
+#include "FrmVerrou.h"
 #include "store/Chemins.h"
 #include "store/Def.h"
 #include "store/FichierEntier.h"
@@ -172,6 +173,7 @@ frmMain::frmMain(QWidget *parent) : FenetreCadre(parent) {
     Timer1->start();
 
     installerCommandes();
+    installerVerrou();
     MG->setFocus();
 }
 
@@ -179,6 +181,7 @@ frmMain::~frmMain() {
     // Its boxes' events stop before the grid they read goes.
     delete Edition;
     Edition = nullptr;
+    delete fenetreVerrou_;
     Def::oublierSelectionGrille(MG);
 }
 

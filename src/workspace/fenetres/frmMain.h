@@ -12,6 +12,8 @@
 
 class EditionEnPlace;
 class FrmAjoutDoc;
+class FrmVerrou;
+class Verrou;
 class FrmOptions;
 class FrmPop;
 class MyCoolGrid;
@@ -79,6 +81,15 @@ public:
     // whatever columns are shown.
     static constexpr QKeyCombination kToucheFormulaire{Qt::CTRL | Qt::Key_E};
     void modifierDocument();
+
+    // The lock: the account's documents hidden until its password is typed again, the
+    // window then as it was left. Ctrl+L, the idle time, the desktop's own lock.
+    static constexpr QKeyCombination kToucheVerrou{Qt::CTRL | Qt::Key_L};
+    void verrouiller();
+    Verrou &verrou() { return *verrou_; }
+    FrmVerrou *fenetreVerrou() const;
+    // The end of the account's session here: the files it left on disk go.
+    void finirSession();
 
     // In-place editing of the selected document.
     EditionEnPlace *Edition = nullptr;
@@ -197,6 +208,14 @@ private:
     bool chargementMuet_ = false;
     int rechargements_ = 0;  // a reload after a failure already told: no second message
     QPointer<FrmOptions> options_;
+    Verrou *verrou_ = nullptr;
+    QPointer<FrmVerrou> fenetreVerrou_;
+    QList<QPointer<QWidget>> cacheesAuVerrou_;  // windows hidden by the lock, shown again after it
+    QStringList messagesDuVerrou_;              // what the lock's storing had to say, told after it
+    void installerVerrou();
+    void cacherSession();
+    void deverrouille();
+    void quitterVerrou(bool changerCompte);
     // The icon picker, made at its first opening; its choice goes to the document
     // dialog when the grid's Tag says so, else to the selected document.
     FrmPop *pop_ = nullptr;

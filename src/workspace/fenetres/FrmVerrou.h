@@ -1,0 +1,39 @@
+#pragma once
+// The window of a locked session: the account's name, its password asked again, and
+// the ways out that need no password (another account, or quit). Nothing of the
+// account's documents is shown while it stands.
+
+#include "ui/fenetres/FenetreCadre.h"
+
+#include <QTimer>
+
+class QLabel;
+class QLineEdit;
+class Verrou;
+
+class FrmVerrou : public FenetreCadre {
+    Q_OBJECT
+public:
+    FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent = nullptr);
+
+    QLineEdit *Pass = nullptr;
+    QLabel *Compte = nullptr;
+    QLabel *Avis = nullptr;  // why the password was refused, or how long to wait
+    BoutonImage *OK = nullptr;
+    BoutonImage *ChangerCompte = nullptr;
+    BoutonImage *Quitter = nullptr;
+
+signals:
+    void deverrouillee();
+    void changementDeCompte();
+    void sortie();
+
+private:
+    void clicOK();
+    void attendre(int secondes);
+    void seconde();
+
+    Verrou &verrou_;
+    QTimer minuterie_;
+    int restantes_ = 0;
+};
