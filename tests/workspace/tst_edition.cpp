@@ -15,10 +15,19 @@
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/Chaines.h"
 #include "workspace/fenetres/EditionEnPlace.h"
+#include "search/fenetres/FrmRecherche.h"
+#include "store/Reglages.h"
+#include "ui/PressePapiers.h"
+#include "workspace/Verrou.h"
+#include "workspace/fenetres/FrmVerrou.h"
 #include "workspace/fenetres/frmMain.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QFile>
+#include <QProcess>
 #include <QClipboard>
 #include <QScrollBar>
 #include <QLabel>
@@ -92,7 +101,40 @@ class TestEdition : public QObject {
         return e;
     }
 
+    // What the lock must give back: the open folders, the selection, the scroll, the columns.
+    QStringList vue() {
+        QStringList v{QString::number(f->MG->LigneCourante), QString::number(f->MG->verticalScrollBar()->value())};
+        for (int c = 0; c <= 10; ++c) v << QString::number(f->MG->cellules().ColWidth(c));
+        for (int r = 2; r < f->MG->NbLignes; ++r)
+            if (f->MG->cellules().hauteurPixels(r) > 0) v << QString::number(r);
+        return v;
+    }
+    bool exportsPresents() {
+        for (const Exports::Format format : Exports::kOrdre)
+            if (QFile::exists(Exports::chemin(format))) return true;
+        return false;
+    }
+    void deverrouiller(const QString &pass) {
+        FrmVerrou *v = f->fenetreVerrou();
+        QVERIFY(v && v->isVisible());
+        v->Pass->setText(pass);
+        QTest::keyClick(v->Pass, Qt::Key_Return);
+    }
+    // A session bus of the test's own, where dbus-daemon is installed; the program's
+    // windows reach it as the desktop's.
+    QProcess bus;
+    QString adresseBus;
+
 private slots:
+    void initTestCase() {
+        bus.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+        if (bus.waitForStarted(3000) && bus.waitForReadyRead(3000)) adresseBus = QString::fromUtf8(bus.readLine()).trimmed();
+        if (!adresseBus.isEmpty()) qputenv("DBUS_SESSION_BUS_ADDRESS", adresseBus.toUtf8());
+    }
+    void cleanupTestCase() {
+        bus.kill();
+        bus.waitForFinished(3000);
+    }
     void init() {
         t = std::make_unique<PrincipaleTest>(QStringLiteral(
             "INSERT INTO Dossiers VALUES (1, 10, 'Banques');"
@@ -519,6 +561,90 @@ private slots:
             QCOMPARE(ligne(choisi), -1);
             QVERIFY(ligne(autre) > 0);
         }
+    }
+
+    void leVerrouCacheToutGardeLaSaisieEtRendLaVue() {
+        BaseExemple::remplir(1, 3, 150);
+        f->rechargerGrille();
+        cliquerLigne(ligne(QStringLiteral("Banques")));  // one folder closed by its click
+        // An edit far down the tree: the login changed, the password with a character the cipher can't keep.
+        editer(QStringLiteral("Compte en ligne numero 149"));
+        QVERIFY(f->MG->verticalScrollBar()->value() > 0);
+        f->Edition->Saisie[Colonne::Login]->setFocus();
+        f->Edition->Saisie[Colonne::Login]->selectAll();
+        taper(QStringLiteral("nouveau"));
+        f->Edition->Saisie[Colonne::MotDePasse]->setFocus();
+        f->Edition->Saisie[Colonne::MotDePasse]->selectAll();
+        taper(QStringLiteral("clé"));
+        QTest::qWait(50);
+        const QStringList avant = vue();
+        PressePapiers::instance().copier(QStringLiteral("secret"), true, 0);
+        Exports::creerTout(*f->MG);
+        QVERIFY(exportsPresents());
+
+        touche(Qt::Key_L, Qt::ControlModifier);
+        FrmVerrou *v = f->fenetreVerrou();
+        QVERIFY(v && v->isVisible());
+        QVERIFY(!f->isVisible());
+        QCOMPARE(v->Compte->text(), QStringLiteral("Compte « alice »"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), QString());
+        QVERIFY(!exportsPresents());
+        // What could be stored is; the rest waits in its box, its refusal kept for after.
+        QCOMPARE(sql(QStringLiteral("SELECT LoginDoc, MotDePasse FROM Documents WHERE Num=1149")),
+                 QStringList{CrypterChamp(QStringLiteral("nouveau")) + QStringLiteral("|Pa55-word_%1!").arg(149 * 7919)});
+        QCOMPARE(Messages::affiches(), QStringList());
+
+        // Wrong passwords: said, nothing shown; from the fifth on, each next try waits a second more.
+        for (int essai = 1; essai <= Verrou::kEssaisLibres; ++essai) {
+            deverrouiller(QStringLiteral("faux"));
+            QCOMPARE(Messages::affiches(), QStringList{QStringLiteral("Mot de passe incorrect : Korvane reste verrouillé.")});
+            QVERIFY(!f->isVisible());
+        }
+        QVERIFY(!v->Pass->isEnabled());
+        QVERIFY(v->Avis->text().contains(QStringLiteral("dans 1 s")));
+        QTRY_VERIFY_WITH_TIMEOUT(v->Pass->isEnabled(), 2000);
+        deverrouiller(QStringLiteral("a"));
+        QVERIFY(f->isVisible());
+        QVERIFY(!f->fenetreVerrou());
+        QCOMPARE(vue(), avant);
+        QVERIFY(f->Edition->SaisieVisible);
+        QCOMPARE(f->Edition->Saisie[Colonne::MotDePasse]->text(), QStringLiteral("clé"));
+        QCOMPARE(Messages::affiches(), QStringList{refusEnPlace(QStringLiteral("é"))});
+    }
+
+    void leVerrouParInactiviteParLeBureauEtLaFinDeSession() {
+        QCOMPARE(f->verrou().delaiInactivite(), 5 * 60 * 1000);
+        // The search closes at the lock; after the unlock the window is up, without it.
+        t->dialogue<FrmRecherche>([this] { commande(5); }, [this](FrmRecherche *r) {
+            f->verrouiller();
+            QVERIFY(!r->isVisible());
+        });
+        deverrouiller(QStringLiteral("a"));
+        QVERIFY(f->isVisible());
+        f->verrou().definirDelaiInactivite(150);
+        QTRY_VERIFY_WITH_TIMEOUT(f->fenetreVerrou(), 2000);
+        deverrouiller(QStringLiteral("a"));
+        QVERIFY(!f->fenetreVerrou());
+        if (adresseBus.isEmpty()) QSKIP("no dbus-daemon to start a session bus");
+        QDBusConnection bureau = QDBusConnection::connectToBus(adresseBus, QStringLiteral("bureau"));
+        QVERIFY(bureau.isConnected());
+        for (const bool actif : {false, true}) {
+            QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"),
+                                                             QStringLiteral("ActiveChanged"));
+            signal << actif;
+            QVERIFY(bureau.send(signal));
+            QTest::qWait(200);
+            QCOMPARE(bool(f->fenetreVerrou()), actif);
+        }
+        // Another account from the lock: the session ends, its export files with it.
+        deverrouiller(QStringLiteral("a"));
+        Exports::creerTout(*f->MG);
+        f->verrouiller();
+        Exports::creerTout(*f->MG);
+        QTest::mouseClick(f->fenetreVerrou()->ChangerCompte, Qt::LeftButton);
+        QTRY_VERIFY(Navigation::fenetreLogin());
+        QVERIFY(!exportsPresents());
+        QDBusConnection::disconnectFromBus(QStringLiteral("bureau"));
     }
 };
 
