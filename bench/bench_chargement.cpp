@@ -9,11 +9,15 @@
 #include "grid/Colonnes.h"
 #include "grid/fenetres/MyCoolGrid.h"
 #include "workspace/Chargement.h"
+#include "store/Comptes.h"
+#include "workspace/fenetres/FrmVerrou.h"
 #include "workspace/fenetres/frmMain.h"
 #include "Banc.h"
 #include "BasesBanc.h"
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <benchmark/benchmark.h>
 #include <cstring>
 
@@ -178,6 +182,32 @@ int mesurerMemoire(int documents) {
 
 }  // namespace
 
+// From Ctrl+L to the password window painted, the account's tree hidden; then the
+// unlock, not timed.
+void BM_Verrouiller(benchmark::State &s) {
+    frmMain *f = principale(int(s.range(0)));
+    if (!Comptes::chercher(QStringLiteral("banc"))) Comptes::creer(1, QStringLiteral("banc"), QStringLiteral("a"));
+    for (auto _ : s) {
+        QKeyEvent touche(QEvent::KeyPress, Qt::Key_L, Qt::ControlModifier);
+        QApplication::sendEvent(f->MG, &touche);
+        QApplication::processEvents();
+        s.PauseTiming();
+        FrmVerrou *v = f->fenetreVerrou();
+        if (!v || !v->isVisible() || f->isVisible()) {
+            s.SkipWithError("the lock did not come");
+            break;
+        }
+        v->Pass->setText(QStringLiteral("a"));
+        QKeyEvent entree(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(v->Pass, &entree);
+        QApplication::processEvents();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        s.ResumeTiming();
+    }
+    s.counters["lignes"] = f->MG->NbLignes;
+    fermer();
+}
+
 BENCHMARK(BM_OuvrirPrincipale)->Arg(0)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ChargerMG)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AjouterDocument)->Arg(100000)->Unit(benchmark::kMillisecond);
@@ -186,6 +216,7 @@ BENCHMARK(BM_SupprimerDossier)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Recharger)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LireArbre)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RequeteNue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Verrouiller)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PreparerBase)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv) {
