@@ -20,6 +20,8 @@
 #include "workspace/fenetres/frmMain.h"
 
 #include "ui/PressePapiers.h"
+#include "workspace/fenetres/FrmVerrou.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -119,6 +121,11 @@ class TestFrmMain : public QObject {
             return t;
         }
         f->definirPreparationDialogue(nullptr);
+        if (FrmVerrou *v = f->fenetreVerrou()) {
+            t << QStringLiteral("verrouillé");
+            v->Pass->setText(QStringLiteral("a"));
+            QTest::keyClick(v->Pass, Qt::Key_Return);
+        }
         if (f->WB->isVisible()) t << QStringLiteral("aide");
         if (f->Edition->SaisieVisible) t << QStringLiteral("édition");
         if (f->MG->motsDePasseVisibles()) t << QStringLiteral("mots de passe affichés");
