@@ -641,7 +641,8 @@ private slots:
         Exports::creerTout(*f->MG);
         f->verrouiller();
         Exports::creerTout(*f->MG);
-        QTest::mouseClick(f->fenetreVerrou()->ChangerCompte, Qt::LeftButton);
+        QVERIFY(QTest::qWaitForWindowActive(f->fenetreVerrou()));
+        QTest::keyClick(f->fenetreVerrou()->Pass, Qt::Key_W, Qt::ControlModifier);
         QTRY_VERIFY(Navigation::fenetreLogin());
         QVERIFY(!exportsPresents());
         QDBusConnection::disconnectFromBus(QStringLiteral("bureau"));

@@ -9,6 +9,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QShortcut>
 
 namespace {
 const QString kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
@@ -52,8 +53,8 @@ FrmVerrou::FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent) : Fe
     libellePass->setGeometry(100, 46, 100, 26);
     Pass->setGeometry(200, 46, 200, 26);
     Avis->setGeometry(100, 76, 300, 40);
-    ChangerCompte->setGeometry(18, 128, 160, 32);
-    Quitter->setGeometry(186, 128, 100, 32);
+    ChangerCompte->setGeometry(18, 128, 172, 32);
+    Quitter->setGeometry(198, 128, 100, 32);
     OK->setGeometry(326, 128, 74, 32);
     setTabOrder(Pass, OK);
     setTabOrder(OK, ChangerCompte);
@@ -67,6 +68,11 @@ FrmVerrou::FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent) : Fe
         clicOK();
     });
     connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
+    // The keys of the same commands in the main window.
+    ChangerCompte->setToolTip(QStringLiteral("Changer de compte (Ctrl+W)"));
+    Quitter->setToolTip(QStringLiteral("Quitter (Ctrl+Q)"));
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this), &QShortcut::activated, ChangerCompte, &QAbstractButton::click);
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, Quitter, &QAbstractButton::click);
     connect(ChangerCompte, &QAbstractButton::clicked, this, [this] {
         ChangerCompte->relacher();
         emit changementDeCompte();
