@@ -1,8 +1,6 @@
 #include "FrmVerrou.h"
 
 #include "store/Base.h"
-#include "ui/Art.h"
-#include "ui/Chaines.h"
 #include "ui/fenetres/BoutonImage.h"
 #include "ui/fenetres/Messages.h"
 #include "workspace/Verrou.h"
@@ -12,35 +10,23 @@
 #include <QShortcut>
 
 namespace {
-const QString kStyleLibelle = QStringLiteral("color: #1f2a44; font-weight: bold; background: transparent;");
+const QString kRefus = QStringLiteral("Mot de passe incorrect : Korvane reste verrouillé.");
 }
 
-FrmVerrou::FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent) : FenetreCadre(parent), verrou_(verrou) {
-    setObjectName(QStringLiteral("FrmVerrou"));
-    setWindowTitle(Messages::kTitre);
-    definirTailleContenu(QSize(420, 176));
+FrmVerrou::FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent)
+    : FenetreCompte(QStringLiteral("FrmVerrou"), QSize(420, 176), parent), verrou_(verrou) {
     entete->setText(QStringLiteral("Korvane est verrouillé"));
-    EnteteB->definirTexte(Chaine(154).trimmed());
-
-    auto *image = new QLabel(FondBleu);
-    image->setPixmap(Art::pixmap(QStringLiteral("korvane"), QSize(64, 64)));
-    activerDeplacement(image);
-    Compte = new QLabel(QStringLiteral("Compte « %1 »").arg(login.trimmed()), FondBleu);
+    creerLogo(24);
+    Compte = creerLibelle(QStringLiteral("Compte « %1 »").arg(login.trimmed()));
     Compte->setObjectName(QStringLiteral("Compte"));
-    auto *libellePass = new QLabel(QStringLiteral("Mot de passe"), FondBleu);
-    for (QLabel *l : {Compte, libellePass}) {
-        l->setStyleSheet(kStyleLibelle);
-        activerDeplacement(l);
-    }
-    Pass = new QLineEdit(FondBleu);
-    Pass->setObjectName(QStringLiteral("Pass"));
-    Pass->setEchoMode(QLineEdit::Password);
+    QLabel *libellePass = creerLibelle(QStringLiteral("Mot de passe"));
+    Pass = creerMotDePasse(QStringLiteral("Pass"));
     Avis = new QLabel(FondBleu);
     Avis->setObjectName(QStringLiteral("Avis"));
-    Avis->setStyleSheet(QStringLiteral("color: #9b1c1c; background: transparent;"));
+    Avis->setStyleSheet(QStringLiteral("color: #b3261e; background: transparent;"));
     Avis->setWordWrap(true);
 
-    OK = creerBoutonOK();
+    creerOK();
     ChangerCompte = new BoutonImage(FondBleu);
     ChangerCompte->setObjectName(QStringLiteral("ChangerCompte"));
     ChangerCompte->definirCommande(QStringLiteral("system-users"), QStringLiteral("Changer de compte"));
@@ -48,7 +34,6 @@ FrmVerrou::FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent) : Fe
     Quitter->setObjectName(QStringLiteral("Quitter"));
     Quitter->definirCommande(QStringLiteral("application-exit"), QStringLiteral("Quitter"));
 
-    image->setGeometry(18, 24, 64, 64);
     Compte->setGeometry(100, 12, 300, 24);
     libellePass->setGeometry(100, 46, 100, 26);
     Pass->setGeometry(200, 46, 200, 26);
@@ -56,18 +41,9 @@ FrmVerrou::FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent) : Fe
     ChangerCompte->setGeometry(18, 128, 172, 32);
     Quitter->setGeometry(198, 128, 100, 32);
     OK->setGeometry(326, 128, 74, 32);
-    setTabOrder(Pass, OK);
-    setTabOrder(OK, ChangerCompte);
-    setTabOrder(ChangerCompte, Quitter);
-    centrer();
 
     minuterie_.setInterval(1000);
     connect(&minuterie_, &QTimer::timeout, this, &FrmVerrou::seconde);
-    connect(Pass, &QLineEdit::returnPressed, this, [this] {
-        OK->enfoncer();
-        clicOK();
-    });
-    connect(OK, &QAbstractButton::clicked, this, [this] { clicOK(); });
     // The keys of the same commands in the main window.
     ChangerCompte->setToolTip(QStringLiteral("Changer de compte (Ctrl+W)"));
     Quitter->setToolTip(QStringLiteral("Quitter (Ctrl+Q)"));
@@ -106,8 +82,8 @@ void FrmVerrou::clicOK() {
         return;
     }
     Pass->clear();
-    Avis->setText(QStringLiteral("Mot de passe incorrect : Korvane reste verrouillé."));
-    Messages::information(QStringLiteral("Mot de passe incorrect : Korvane reste verrouillé."));
+    Avis->setText(kRefus);
+    Messages::information(kRefus);
     attendre(Verrou::attentePour(verrou_.echecs()));
     Pass->setFocus();
 }
@@ -118,12 +94,16 @@ void FrmVerrou::attendre(int secondes) {
     Pass->setEnabled(false);
     OK->setEnabled(false);
     minuterie_.start();
+    direAttente();
+}
+
+void FrmVerrou::direAttente() {
     Avis->setText(QStringLiteral("%1 essais manqués de suite : prochain essai possible dans %2 s.").arg(verrou_.echecs()).arg(restantes_));
 }
 
 void FrmVerrou::seconde() {
     if (--restantes_ > 0) {
-        Avis->setText(QStringLiteral("%1 essais manqués de suite : prochain essai possible dans %2 s.").arg(verrou_.echecs()).arg(restantes_));
+        direAttente();
         return;
     }
     minuterie_.stop();

@@ -3,7 +3,7 @@
 // the ways out that need no password (another account, or quit). Nothing of the
 // account's documents is shown while it stands.
 
-#include "ui/fenetres/FenetreCadre.h"
+#include "store/fenetres/FenetreCompte.h"
 
 #include <QTimer>
 
@@ -11,7 +11,7 @@ class QLabel;
 class QLineEdit;
 class Verrou;
 
-class FrmVerrou : public FenetreCadre {
+class FrmVerrou : public FenetreCompte {
     Q_OBJECT
 public:
     FrmVerrou(Verrou &verrou, const QString &login, QWidget *parent = nullptr);
@@ -19,7 +19,6 @@ public:
     QLineEdit *Pass = nullptr;
     QLabel *Compte = nullptr;
     QLabel *Avis = nullptr;  // why the password was refused, or how long to wait
-    BoutonImage *OK = nullptr;
     BoutonImage *ChangerCompte = nullptr;
     BoutonImage *Quitter = nullptr;
 
@@ -29,9 +28,10 @@ signals:
     void sortie();
 
 private:
-    void clicOK();
+    void clicOK() override;
     void attendre(int secondes);
     void seconde();
+    void direAttente();
 
     Verrou &verrou_;
     QTimer minuterie_;
