@@ -12,6 +12,8 @@
 #include "store/Session.h"
 #include "dialogs/fenetres/FrmAjoutDoc.h"
 #include "dialogs/fenetres/FrmAjoutDossier.h"
+#include "workspace/Verrou.h"
+#include "workspace/fenetres/FrmVerrou.h"
 #include "dialogs/fenetres/FrmAP.h"
 #include "dialogs/fenetres/FrmGenerateur.h"
 #include "options/fenetres/FrmOptions.h"
@@ -223,6 +225,15 @@ int main(int argc, char *argv[]) {
 
     FrmModifLogin modif;
     ok &= enregistrer(&modif, sortie, QStringLiteral("modif_login"));
+    modif.close();
+
+    // The lock, after five wrong passwords: the next try waits.
+    Verrou verrou;
+    verrou.verrouiller();
+    for (int i = 0; i < Verrou::kEssaisLibres; ++i) verrou.deverrouiller(QStringLiteral("faux"));
+    FrmVerrou verrouillage(verrou, QStringLiteral("camille"));
+    ok &= enregistrer(&verrouillage, sortie, QStringLiteral("verrou"));
+    verrouillage.close();
 
     // The search window with its hits, the about box, and the help over the grid.
     FrmRecherche recherche(principale, principale->MG);

@@ -66,7 +66,7 @@ std::span<const frmMain::Commande> frmMain::commandes() {
         {"Modifier le mot de passe du compte", Qt::CTRL | Qt::SHIFT | Qt::Key_P, B::Rien, nullptr, N::ModifierMotDePasse,
          &frmMain::modifierMotDePasseCompte, false, 5},
         {"Quitter", Qt::CTRL | Qt::Key_Q, B::Rien, nullptr, N::Aucun, &frmMain::quitter, false, 5},
-        {"Verrouiller", frmMain::kToucheVerrou, B::Rien, nullptr, N::Aucun, &frmMain::verrouiller, true, 6, "system-lock-screen"},
+        {"Verrouiller", frmMain::kToucheVerrou, B::Rien, nullptr, N::Aucun, &frmMain::verrouiller, true, 6, "object-locked"},
     };
     return kCommandes;
 }
