@@ -93,7 +93,7 @@ void frmMain::quitterVerrou(bool changerCompte) {
     if (changerCompte) {
         fenetreVerrou_->hide();
         fenetreVerrou_->deleteLater();
-        Session::ModeLogin = 2;
+        Session::ModeLogin = Session::Mode::AutreCompte;
         emit loginDemande();
     }
 }
