@@ -9,13 +9,16 @@
 
 class ModeleGrille;
 namespace Exports {
-enum Format { Html = 0, Texte = 1, Csv = 2, Xml = 3 };  // the order of the format choice and of the setting "Edition"
-QString chemin(int format);          // edition/edition.htm, edition/edition.txt, edition/csv.txt, edition/edition.xml under Chemins::dossierProgramme(); empty for another number
+enum Format { Html = 0,
+              Texte = 1,
+              Csv = 2,
+              Xml = 3 };     // the order of the format choice and of the setting "Edition"
+QString chemin(int format);  // edition/edition.htm, edition/edition.txt, edition/csv.txt, edition/edition.xml under Chemins::dossierProgramme(); empty for another number
 // The four files removed: they hold every password in clear and don't outlive the
 // session that wrote them.
 void supprimerFichiers();
-QString libelleCopie(int format);    // " Html", " Texte", " Csv", " Xml"; empty for another number
-QString motifCopie(int format);      // "*.htm *.html", "*.txt", "*.csv", "*.xml" (blank-separated, as Qt's file dialog takes several patterns); empty for another number
+QString libelleCopie(int format);  // " Html", " Texte", " Csv", " Xml"; empty for another number
+QString motifCopie(int format);    // "*.htm *.html", "*.txt", "*.csv", "*.xml" (blank-separated, as Qt's file dialog takes several patterns); empty for another number
 QString NettoyerXml(QStringView texte);
 
 // The rows the exports read (from row 2 on), taken from the grid in one quick pass:

@@ -23,9 +23,9 @@ enum class Cle {
     CouleurSelection,
     FontName,  // Font
     FontColor,
-    PressePapiers,     // Settings: seconds before a copy leaves the clipboard, 0 never
-    MotsDePasse,       // Affichage: passwords shown in the grid (-1) or as dots (0)
-    Verrouillage,      // Securite: minutes without input before the window locks, 0 never
+    PressePapiers,  // Settings: seconds before a copy leaves the clipboard, 0 never
+    MotsDePasse,    // Affichage: passwords shown in the grid (-1) or as dots (0)
+    Verrouillage,   // Securite: minutes without input before the window locks, 0 never
 };
 
 struct Definition {

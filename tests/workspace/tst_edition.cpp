@@ -615,10 +615,11 @@ private slots:
     void leVerrouParInactiviteParLeBureauEtLaFinDeSession() {
         QCOMPARE(f->verrou().delaiInactivite(), 5 * 60 * 1000);
         // The search closes at the lock; after the unlock the window is up, without it.
-        t->dialogue<FrmRecherche>([this] { commande(5); }, [this](FrmRecherche *r) {
+        const std::function<void(FrmRecherche *)> verrouiller = [this](FrmRecherche *r) {
             f->verrouiller();
             QVERIFY(!r->isVisible());
-        });
+        };
+        t->dialogue<FrmRecherche>([this] { commande(Bouton::Rechercher); }, verrouiller);
         deverrouiller(QStringLiteral("a"));
         QVERIFY(f->isVisible());
         f->verrou().definirDelaiInactivite(150);
