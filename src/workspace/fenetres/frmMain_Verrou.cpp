@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QToolTip>
 
 void frmMain::installerVerrou() {
     verrou_ = new Verrou(this);
@@ -45,9 +46,11 @@ void frmMain::cacherSession() {
     Exports::supprimerFichiers();
     PressePapiers::instance().effacerSiIntact();
     // Every other window hides with this one: a dialog half filled comes back as it was.
+    // A tool tip just goes.
+    QToolTip::hideText();
     cacheesAuVerrou_.clear();
     for (QWidget *w : QApplication::topLevelWidgets())
-        if (w != this && w->isVisible() && w->isWindow()) {
+        if (w != this && w->isVisible() && (w->windowType() == Qt::Window || w->windowType() == Qt::Dialog)) {
             cacheesAuVerrou_.append(w);
             w->hide();
         }
