@@ -23,7 +23,7 @@ void ajouterDossier(MyCoolGrid &grille, const QString &nom, int cle, const QList
     // Added in reverse, since each document comes in above those before it.
     for (qsizetype i = documents.size() - 1; i >= 0; --i) {
         int parent = numero.toInt();
-        grille.AddFils(documents[i].champs, parent, documents[i].icone, 0, QStringLiteral("1"), QString::number(cle * 10 + i),
+        grille.AddFils(documents[i].champs, parent, documents[i].icone, 0, QStringLiteral("1"), QString::number(qsizetype(cle) * 10 + i),
                        QString::number(cle));
     }
 }
@@ -37,7 +37,7 @@ bool rendreApercu(const QString &cheminPng) {
         ListeImages stock;
         const auto icones = IconesStock::icones();
         for (qsizetype i = 0; i < icones.size(); ++i)
-            stock.ajouter(Apparence::cleIcone(i + 1), QImage::fromData(icones[i].octets), icones[i].libelle);
+            stock.ajouter(Apparence::cleIcone(int(i) + 1), QImage::fromData(icones[i].octets), icones[i].libelle);
         grille.ReChargerIcones(stock);
     }
     grille.resize(820, 330);

@@ -125,7 +125,7 @@ QString ModeleGrille::GetColumnInfos(int Ligne, int Colonne, int &Largeur, int &
     // a later operation turns it on.
     if (!flxGrd.existe(Ligne, Colonne)) return QString();
     Largeur = flxGrd.largeurPixels(Colonne);
-    const QString resultat = flxGrd.texte(Ligne, Colonne).toString();
+    QString resultat = flxGrd.texte(Ligne, Colonne).toString();
     Haut = flxGrd.hautPixels(Ligne) - decalageVertical(Ligne);
     Hauteur = flxGrd.hauteurPixels(Ligne);
     Redraw(true);

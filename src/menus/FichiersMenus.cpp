@@ -27,7 +27,7 @@ QString DecoupeChemin(const QString &chemin, QChar lettre) {
     const bool formeLinux = chemin.startsWith(u'/') || (chemin.contains(u'/') && !chemin.contains(u'\\'));
     qsizetype coupe = chemin.lastIndexOf(formeLinux ? u'/' : u'\\');
     if (coupe < 0 && !formeLinux) coupe = chemin.indexOf(u':');
-    const QString nom = chemin.mid(coupe + 1);
+    QString nom = chemin.mid(coupe + 1);
     const qsizetype point = nom.lastIndexOf(u'.');
     switch (lettre.unicode()) {
     case u'D':

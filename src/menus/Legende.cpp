@@ -141,7 +141,7 @@ QString LireAttribut(const QString &bloc, const QString &cle) {
 }
 
 QString ExtraireTexteBarre(QString &bloc) {
-    const QString valeur = LireAttribut(bloc, kTexte.toString());
+    QString valeur = LireAttribut(bloc, kTexte.toString());
     if (!valeur.isEmpty()) {
         const qsizetype i = bloc.indexOf(kTexte.toString() + valeur, 0, Qt::CaseInsensitive);
         if (i >= 0) bloc.remove(i + kTexte.size(), valeur.size());

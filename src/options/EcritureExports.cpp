@@ -20,6 +20,7 @@ EcritureExports::EcritureExports(const ModeleGrille &grille, QObject *parent)
     fil_.reset(QThread::create([this, lignes] {
         std::array<QString, 4> erreurs;
         std::vector<std::thread> fils;
+        fils.reserve(std::size(Exports::kOrdre));
         for (const Exports::Format format : Exports::kOrdre)
             fils.emplace_back([this, lignes, format, &erreurs] {
                 try {

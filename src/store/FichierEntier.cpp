@@ -23,7 +23,7 @@ bool valider(QSaveFile &sortie) { return sortie.flush() && sortie.commit(); }
 namespace {
 // Below this, a write that failed failed for want of room: the system says so only
 // when not a byte of the write went through.
-constexpr qint64 kPlaceMinimale = 64 * 1024;
+constexpr qint64 kPlaceMinimale = qint64{64} * 1024;
 
 bool disquePlein(const QFileDevice &f) {
     // Only files being written: a file read may lie on a full disk for no fault of its own.

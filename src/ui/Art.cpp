@@ -79,7 +79,7 @@ QPixmap iconeTheme(const QString &nom, int cote) {
             break;
         }
     if (icone.isNull()) icone = QIcon::fromTheme(nom);
-    const QPixmap image = icone.isNull() ? pixmap(QStringLiteral("korvane"), QSize(cote, cote)) : icone.pixmap(QSize(cote, cote));
+    QPixmap image = icone.isNull() ? pixmap(QStringLiteral("korvane"), QSize(cote, cote)) : icone.pixmap(QSize(cote, cote));
     faites.insert({nom, cote}, image);
     return image;
 }

@@ -71,6 +71,7 @@ std::vector<int> enFrancaisPuis(const std::vector<QStringView> &textes, Avant av
 
 std::vector<int> ordreDesDossiers(const std::vector<QStringView> &noms, const std::vector<int> &nums) {
     std::vector<QByteArray> octets;
+    octets.reserve(noms.size());
     for (const QStringView n : noms) octets.push_back(n.toUtf8());
     return enFrancaisPuis(noms, [&](int a, int b) {
         return octets[size_t(a)] != octets[size_t(b)] ? octets[size_t(a)] < octets[size_t(b)] : nums[size_t(a)] < nums[size_t(b)];

@@ -15,7 +15,7 @@
 #include <climits>
 
 namespace {
-constexpr qint64 kMinute = 60 * 1000;
+constexpr qint64 kMinute = qint64{60} * 1000;
 
 int delaiReglage() {
     const qint64 minutes = Reglages::lireNombre(Reglages::Cle::Verrouillage);

@@ -69,7 +69,7 @@ private slots:
 
         QTest::mouseDClick(g.viewport(), Qt::LeftButton, {}, dansLaLigne(g, 8));
         QCOMPARE(doubles.count(), 1);
-        const int avant = clics.count();
+        const auto avant = clics.count();
         QTest::mouseClick(g.viewport(), Qt::LeftButton, {}, QPoint(60, g.viewport()->height() - 3));
         QCOMPARE(clics.count(), avant);  // space below the last row is no row
         QCOMPARE(g.LigneCourante, 8);

@@ -38,7 +38,7 @@ class TestFrmOptions : public QObject {
     QString image(const QString &nom, const QSize &taille, const QColor &couleur) {
         QImage image(taille, QImage::Format_ARGB32);
         image.fill(couleur);
-        const QString chemin = t->env->chemin(nom);
+        QString chemin = t->env->chemin(nom);
         image.save(chemin);
         return chemin;
     }

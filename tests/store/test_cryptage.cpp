@@ -61,7 +61,7 @@ TEST(Cryptage, UnChampDeDocumentNestDechiffreQueFaitEntierDeCodes) {
     const QString code = CrypterChamp(QStringLiteral("a"));
     auto lire = [](const QString &t) {
         // Both ways in: the text, and the base's UTF-8 bytes.
-        const QString parTexte = LireChampDocument(QStringView(t));
+        QString parTexte = LireChampDocument(QStringView(t));
         EXPECT_EQ(LireChampDocument(QByteArrayView(t.toUtf8())), parTexte) << t.toStdString();
         return parTexte;
     };

@@ -182,7 +182,7 @@ QImage FrmOptions::choisirImage() {
     const QString chemin = ChoixFichier::ouvrir(
         this, {Chaine(960) + QStringLiteral(" (*.ico)"), QStringLiteral("Images (*.png *.svg *.xpm *.bmp *.gif *.jpg *.jpeg)")});
     if (chemin.isEmpty()) return {};
-    const QImage image = Blit::AjusterImage(BibliothequeIcones::chargerFichier(chemin));
+    QImage image = Blit::AjusterImage(BibliothequeIcones::chargerFichier(chemin));
     if (image.isNull())
         Messages::information(QStringLiteral("Le fichier « %1 » n'est pas une image que Korvane sait lire.\n"
                                              "La bibliothèque d'icônes n'a pas changé.")
