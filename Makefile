@@ -8,7 +8,7 @@ WERROR ?= OFF
 # Everything the build, the program and the tests need, from Debian's packages.
 PACKAGES := cmake make g++ pkg-config \
 	qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-qpa-plugins qt6-translations-l10n libgl-dev \
-	libsqlcipher-dev sqlcipher libssl-dev dbus-daemon \
+	libsqlcipher-dev sqlcipher libssl-dev libsodium-dev dbus-daemon \
 	libgtest-dev libgmock-dev libbenchmark-dev \
 	xvfb xauth fonts-dejavu-core papirus-icon-theme \
 	xdg-utils shared-mime-info desktop-file-utils libfile-mimeinfo-perl \

@@ -212,6 +212,8 @@ bool Requete::suivante() {
 void Requete::executer() {
     while (suivante()) {
     }
+    // Ready to be bound and run again: a statement not reset refuses new values.
+    sqlite3_reset(stmt_);
 }
 
 bool Requete::estNull(int colonne) const { return sqlite3_column_type(stmt_, colonne) == SQLITE_NULL; }
@@ -233,6 +235,12 @@ QByteArrayView Requete::texteUtf8(int colonne) const {
 QByteArray Requete::octets(int colonne) const {
     const void *b = sqlite3_column_blob(stmt_, colonne);
     return b ? QByteArray(static_cast<const char *>(b), sqlite3_column_bytes(stmt_, colonne)) : QByteArray();
+}
+
+QByteArrayView Requete::octetsBlob(int colonne) const {
+    if (sqlite3_column_type(stmt_, colonne) != SQLITE_BLOB) return {};
+    const void *b = sqlite3_column_blob(stmt_, colonne);
+    return b ? QByteArrayView(static_cast<const char *>(b), sqlite3_column_bytes(stmt_, colonne)) : QByteArrayView();
 }
 
 QStringList dossiersModeles() {

@@ -71,7 +71,7 @@ public:
     Requete &lierNull(int indice);
 
     bool suivante();  // true while there is a row
-    void executer();  // runs to the end
+    void executer();  // runs to the end, then is ready to be bound and run again
 
     bool estNull(int colonne) const;
     int entier(int colonne) const;
@@ -81,6 +81,9 @@ public:
     // next row.
     QByteArrayView texteUtf8(int colonne) const;
     QByteArray octets(int colonne) const;
+    // The bytes of a blob column where the engine holds them, valid until the next
+    // row; empty for any other kind of value (a text is not taken for a blob).
+    QByteArrayView octetsBlob(int colonne) const;
 
 private:
     Connexion &connexion_;
