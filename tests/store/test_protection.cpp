@@ -3,32 +3,18 @@
 #include "support/BaseExemple.h"
 #include "support/BaseSql.h"
 #include "support/EnvironnementTest.h"
+#include "support/ProtectionTest.h"
 
 #include <gtest/gtest.h>
-#include <sodium.h>
 
-namespace {
-
-// A low Argon2id cost: the tests derive many keys.
-struct CoutBas {
-    CoutBas() { Protection::definirCout({crypto_pwhash_OPSLIMIT_MIN, crypto_pwhash_MEMLIMIT_MIN}); }
-    ~CoutBas() { Protection::definirCout(Protection::coutParDefaut()); }
-};
-
-std::unique_ptr<Protection::Cle> cleDe(int numCompte, const QString &passe) {
-    Base::Connexion c;
-    const auto e = Protection::lireEnveloppe(c, numCompte);
-    return e ? Protection::ouvrirEnveloppe(*e, passe) : nullptr;
-}
-
-}  // namespace
+using ProtectionTest::cleDe;
 
 // Protected, the account's texts leave the file; the password opens them, another
 // doesn't; a new password re-wraps the same key; switched back, every field reads
 // as before.
 TEST(Protection, ProtegerChangerEtDeproteger) {
     EnvironnementTest env;
-    CoutBas cout;
+    ProtectionTest::CoutBas cout;
     BaseExemple::remplir(1, 3, 20);
     const QString base = Chemins::cheminBase();
     const QStringList avant = BaseSql::lignes(base, QStringLiteral("SELECT * FROM Documents ORDER BY rowid"));
